@@ -1,0 +1,33 @@
+# One word for each thing that people do with the tree. Settings: BUILD (folder), PREFIX (make install).
+
+BUILD  ?= build
+PREFIX ?= /usr/local
+
+.DEFAULT_GOAL := help
+.PHONY: help setup build run demo test bench lint format sanitize install clean
+
+help:            ## Show this list
+	@awk -F':.*## ' '/^[a-z-]+:.*## /{printf "  make %-10s %s\n", $$1, $$2}' Makefile
+
+setup:           ## Install the Debian packages that are missing
+	@scripts/setup
+
+build: setup     ## Build both programs into build/
+	@scripts/build $(BUILD)
+
+test: build      ## Run all tests
+	ctest --test-dir $(BUILD) --output-on-failure -j2
+
+lint: build      ## Check formatting, include cycles and file sizes
+	@scripts/lint
+
+format:          ## Format all sources in place
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+sanitize: setup  ## Build and test with the address and undefined-behaviour sanitizers
+	cmake --preset sanitize
+	cmake --build --preset sanitize
+	ctest --preset sanitize
+
+clean:           ## Remove what was built
+	rm -rf $(BUILD) build-sanitize

@@ -1,0 +1,58 @@
+#include "platform/ado/connection_string.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace vellumark::ado {
+
+namespace {
+
+// Takes the text up to the next semicolon off the front, and the semicolon.
+std::string TakePlainValue(std::string_view& text) {
+    const std::size_t end = text.find(';');
+    const std::string value(platform::Trim(text.substr(0, end)));
+    text.remove_prefix(end == text.npos ? text.size() : end + 1);
+    return value;
+}
+
+std::string TakeBracedValue(std::string_view& text) {
+    std::string value;
+    std::size_t at = 1;
+    for (; at < text.size(); ++at) {
+        if (text[at] == '}' && text.substr(at, 2) != "}}")
+            break;
+        if (text[at] == '}')
+            ++at;
+        value += text[at];
+    }
+    text.remove_prefix(std::min(at + 1, text.size()));
+    TakePlainValue(text);
+    return value;
+}
+
+}  // namespace
+
+ConnectionString::ConnectionString(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t keyEnd = text.find_first_of("=;");
+        if (keyEnd == text.npos)
+            return;
+        const std::string key(platform::Trim(text.substr(0, keyEnd)));
+        const bool hasValue = text[keyEnd] == '=';
+        text.remove_prefix(keyEnd + 1);
+        if (!hasValue)
+            continue;
+        text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+        parts_.emplace_back(key, text.starts_with('{') ? TakeBracedValue(text) : TakePlainValue(text));
+    }
+}
+
+const std::string& ConnectionString::Value(std::string_view key) const {
+    static const std::string missing;
+    const auto found = std::ranges::find_if(
+        parts_, [&](const auto& part) { return platform::EqualsIgnoringCase(part.first, key); });
+    return found == parts_.end() ? missing : found->second;
+}
+
+}  // namespace vellumark::ado

@@ -1,0 +1,137 @@
+#include "platform/dao/database.h"
+
+#include <filesystem>
+
+#include "platform/dao/jet_sql.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace vellumark::dao {
+
+namespace {
+
+using platform::Error;
+
+constexpr int kBusyWaitMilliseconds = 2000;
+constexpr std::string_view kPasswordLookup = "select [Value] from [MSysProperties] where [Name] = 'Password'";
+
+void Run(sqlite3* connection, const char* sql) {
+    const int code = sqlite3_exec(connection, sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        ThrowEngineError(connection, code);
+}
+
+ConnectionHandle Open(const std::string& path, int flags) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(path.c_str(), &raw, flags | SQLITE_OPEN_EXRESCODE, nullptr);
+    ConnectionHandle connection(raw);
+    if (code != SQLITE_OK)
+        throw Error(platform::kCannotOpenFile, "Cannot open file '" + path + "': " + sqlite3_errstr(code));
+    sqlite3_busy_timeout(raw, kBusyWaitMilliseconds);
+    return connection;
+}
+
+std::string PasswordIn(std::string_view connect) {
+    constexpr std::string_view key = ";pwd=";
+    return platform::StartsWithIgnoringCase(connect, key) ? std::string(connect.substr(key.size()))
+                                                          : std::string();
+}
+
+void CheckContent(const Database& database, std::string_view connect) {
+    try {
+        database.Lookup("select count(*) from sqlite_master");
+    } catch (const Error& error) {
+        if (error.Number() != platform::kUnrecognizedFormat)
+            throw;
+        throw Error(error.Number(), "Unrecognized database format '" + database.Path() + "'.");
+    }
+    if (!database.HasTable("MSysProperties"))
+        return;
+    const std::string password = ToText(database.Lookup(kPasswordLookup));
+    if (!password.empty() && password != PasswordIn(connect))
+        throw Error(platform::kNotAValidPassword, "Not a valid password.");
+}
+
+}  // namespace
+
+Database::Database(ConnectionHandle connection, std::string path)
+    : connection_(std::move(connection)), path_(std::move(path)) {}
+
+void Database::Close() {
+    connection_.reset();
+}
+
+void Database::Execute(std::string_view sql, const Parameters& parameters) const {
+    Statement statement = Prepare(TranslateJetSql(sql));
+    statement.BindAll(parameters);
+    statement.Execute();
+}
+
+Recordset Database::OpenRecordset(std::string_view source, const Parameters& parameters) const {
+    return Recordset(*this, source, parameters);
+}
+
+Recordset Database::OpenForAppend(std::string_view table) const {
+    return Recordset(*this, table);
+}
+
+Statement Database::Prepare(std::string_view sql) const {
+    if (!IsOpen())
+        throw Error(platform::kNoCurrentRecord, "The database is not open.");
+    return Statement(connection_.get(), sql);
+}
+
+Value Database::Lookup(std::string_view sql, const Parameters& parameters) const {
+    Statement statement = Prepare(sql);
+    statement.BindAll(parameters);
+    return statement.Step() ? statement.ColumnValue(0) : Value{};
+}
+
+bool Database::HasTable(std::string_view name) const {
+    return ToLong(
+               Lookup("select count(*) from sqlite_master where type = 'table' and name = ? collate nocase",
+                      {name})) > 0;
+}
+
+void Database::DropTable(std::string_view table) const {
+    Prepare("drop table " + Bracketed(table)).Execute();
+}
+
+Database OpenDatabase(const std::string& path, std::string_view connect, const OpenOptions& options) {
+    if (!std::filesystem::exists(path))
+        throw Error(platform::kFileCannotBeFound, "Could not find file '" + path + "'.");
+    Database database(Open(path, options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE), path);
+    CheckContent(database, connect);
+    Run(database.Handle(), options.ownStore ? "pragma synchronous=normal" : "pragma foreign_keys=on");
+    return database;
+}
+
+void CreateDatabase(const std::string& path, std::string_view password, bool ownStore) {
+    Database database(Open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), path);
+    if (ownStore)
+        Run(database.Handle(), "pragma journal_mode=wal");
+    Run(database.Handle(),
+        "create table [MSysProperties] ([Name] TEXT(50) collate nocase, [Value] TEXT(255))");
+    if (!password.empty())
+        database.Execute("insert into [MSysProperties] values ('Password', ?)", {password});
+}
+
+Transaction::Transaction(const Database& database)
+    : connection_(database.Handle()), outermost_(sqlite3_get_autocommit(connection_) != 0) {
+    Run(connection_, outermost_ ? "begin immediate" : "savepoint nested");
+}
+
+Transaction::~Transaction() {
+    if (!open_)
+        return;
+    const char* undo = outermost_ ? "rollback" : "rollback to nested; release nested";
+    // The engine may have rolled back by itself after a full disk; nothing is left to undo then.
+    sqlite3_exec(connection_, undo, nullptr, nullptr, nullptr);
+}
+
+void Transaction::Commit() {
+    Run(connection_, outermost_ ? "commit" : "release nested");
+    open_ = false;
+}
+
+}  // namespace vellumark::dao

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dao/recordset.h"
+#include "platform/dao/statement.h"
+#include "platform/dao/table_def.h"
+#include "platform/dao/value.h"
+
+namespace vellumark::dao {
+
+struct OpenOptions {
+    bool readOnly = false;
+    // Data written by others stays as its owner set it up; our own stores commit without a flush per change.
+    bool ownStore = false;
+};
+
+// An open embedded database. Movable; closes itself.
+class Database {
+ public:
+    Database() = default;
+    explicit Database(ConnectionHandle connection, std::string path);
+
+    bool IsOpen() const { return connection_ != nullptr; }
+    void Close();
+    const std::string& Path() const { return path_; }
+
+    // One statement in the data engine's dialect; "?" takes the parameters in turn.
+    void Execute(std::string_view sql, const Parameters& parameters = {}) const;
+    // A table's name or a select statement.
+    Recordset OpenRecordset(std::string_view source, const Parameters& parameters = {}) const;
+    // An empty recordset on a table, for AddNew alone.
+    Recordset OpenForAppend(std::string_view table) const;
+    // A statement in SQLite's dialect, for work that repeats.
+    Statement Prepare(std::string_view sql) const;
+    // The first column of the first row; Null when there is none.
+    Value Lookup(std::string_view sql, const Parameters& parameters = {}) const;
+
+    // Tables in the order they were made, without the engine's own.
+    std::vector<std::string> TableNames() const;
+    bool HasTable(std::string_view name) const;
+    // Throws kNoSuchItem for an unknown name.
+    TableDef TableDefinition(std::string_view name) const;
+    std::vector<TableDef> TableDefs() const;
+    std::vector<Relation> Relations() const;
+    void CreateTable(const TableDef& table) const;
+    void AddField(std::string_view table, const Field& field) const;
+    void DropTable(std::string_view table) const;
+
+    sqlite3* Handle() const { return connection_.get(); }
+
+ private:
+    ConnectionHandle connection_;
+    std::string path_;
+};
+
+// Opens an existing file. `connect` is ";pwd=..." or empty. Throws kFileCannotBeFound, kUnrecognizedFormat,
+// kNotAValidPassword, kCannotOpenFile, kLocked.
+Database OpenDatabase(const std::string& path, std::string_view connect = "",
+                      const OpenOptions& options = {});
+
+// Makes an empty file, which must not exist yet; a password other than "" must be given at each open.
+void CreateDatabase(const std::string& path, std::string_view password = "", bool ownStore = false);
+
+// Groups changes: all of them, or with no Commit none. Transactions nest.
+class Transaction {
+ public:
+    explicit Transaction(const Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void Commit();
+
+ private:
+    sqlite3* connection_;
+    bool outermost_;
+    bool open_ = true;
+};
+
+}  // namespace vellumark::dao

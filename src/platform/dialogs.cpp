@@ -1,0 +1,45 @@
+#include "platform/dialogs.h"
+
+#include <stdexcept>
+
+namespace vellumark::platform {
+
+namespace {
+Dialogs* current = nullptr;
+}
+
+void UseDialogs(Dialogs& dialogs) {
+    current = &dialogs;
+}
+
+Dialogs& CurrentDialogs() {
+    if (current == nullptr)
+        throw std::logic_error("no dialogs are set");
+    return *current;
+}
+
+void ShowInformation(const std::string& text) {
+    CurrentDialogs().Message(Icon::Information, text);
+}
+
+void ShowExclamation(const std::string& text) {
+    CurrentDialogs().Message(Icon::Exclamation, text);
+}
+
+void ShowCritical(const std::string& text) {
+    CurrentDialogs().Message(Icon::Critical, text);
+}
+
+bool AskYesNo(const std::string& text) {
+    return CurrentDialogs().AskYesNo(Icon::Question, text);
+}
+
+void ShowStatus(const std::string& text) {
+    CurrentDialogs().Status(text);
+}
+
+void ShowUnexpectedError(std::string_view doing, const Error& error) {
+    ShowExclamation("Unexpected error occurred " + std::string(doing) + ".\n\n" + error.Line());
+}
+
+}  // namespace vellumark::platform

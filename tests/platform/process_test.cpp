@@ -1,0 +1,79 @@
+#include "platform/process.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/error.h"
+#include "temp_folder.h"
+
+namespace vellumark::platform {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Process, SplitsCommandsAtBlanksOutsideQuotes) {
+    EXPECT_THAT(SplitCommand("code  --wait "), ElementsAre("code", "--wait"));
+    EXPECT_THAT(SplitCommand("\"/opt/my editor/ed\" -n \"\""), ElementsAre("/opt/my editor/ed", "-n", ""));
+    EXPECT_THAT(SplitCommand("--title=\"a b\"c"), ElementsAre("--title=a bc"));
+    EXPECT_THAT(SplitCommand("  "), IsEmpty());
+}
+
+TEST(Process, FindsOnlyExecutableFiles) {
+    const test::TempFolder folder;
+    const std::string program = folder.Write("tool", "#!/bin/sh\n");
+    EXPECT_EQ(FindProgram(program), "");
+    chmod(program.c_str(), 0755);
+    EXPECT_EQ(FindProgram(program), program);
+    EXPECT_EQ(FindProgram(folder.Path()), "");
+    EXPECT_EQ(FindProgram("tool"), "");
+    EXPECT_EQ(FindProgram(""), "");
+    EXPECT_NE(FindProgram("sh"), "");
+}
+
+// Waits for the writer of a pipe and reads all that it writes.
+std::string ReadPipe(int pipe) {
+    std::string content;
+    char buffer[256];
+    for (pollfd state{pipe, POLLIN, 0}; poll(&state, 1, 30000) > 0;) {
+        const ssize_t got = read(pipe, buffer, sizeof buffer);
+        if (got <= 0)
+            break;
+        content.append(buffer, static_cast<std::size_t>(got));
+    }
+    return content;
+}
+
+TEST(Process, StartsAProgramWithItsArgumentsAsTheyStand) {
+    const test::TempFolder folder;
+    const std::string pipePath = folder.Path("pipe");
+    ASSERT_EQ(mkfifo(pipePath.c_str(), 0600), 0);
+    const int pipe = open(pipePath.c_str(), O_RDONLY | O_NONBLOCK);
+    StartDetached({"sh", "-c", "printf '%s|' \"$@\" > \"$0\"", pipePath, "two words", "$HOME \"quoted\""});
+    EXPECT_EQ(ReadPipe(pipe), "two words|$HOME \"quoted\"|");
+    close(pipe);
+}
+
+TEST(Process, TellsWhyAProgramDoesNotStart) {
+    const test::TempFolder folder;
+    const std::string broken = folder.Write("broken", "#!/no/such/interpreter\n");
+    chmod(broken.c_str(), 0755);
+    const auto numberOf = [](const std::vector<std::string>& command) {
+        try {
+            StartDetached(command);
+        } catch (const Error& error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(numberOf({folder.Path("missing")}), kFileNotFound);
+    EXPECT_EQ(numberOf({}), kFileNotFound);
+    EXPECT_EQ(numberOf({broken}), kPathAccessError);
+}
+
+}  // namespace
+}  // namespace vellumark::platform
