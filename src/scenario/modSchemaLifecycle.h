@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "schema/modDatabaseConnection.h"
+
+// A Database schema as a whole: its row, folder, connections, tables and Scenarios.
+namespace vellumark {
+
+// The schema that OpenDatabaseSchema opens next; 0 for none.
+inline int SelectedSchemaId = 0;
+
+// Reads a new schema from the database of `details` under its schemaName, makes the System Scenario and the
+// two default Scenarios, and leaves it open. False behind a message; nothing of the schema is left then.
+bool fNewSchema(const ConnectionDetails& details);
+
+// Opens the schema of SelectedSchemaId in place of the open one.
+bool OpenDatabaseSchema();
+
+// Selects the schema of that Id, notes the time and opens it, connecting to its Target when the options say
+// so.
+bool OpenSelectedSchema(int schemaId);
+
+// Closes the open schema and its Target Connection; does nothing else when none is open.
+void CloseDatabaseSchema();
+
+// Deletes the schema of CurrentDBSId with all that is under it, after a question if `ask`.
+bool fDeleteSchema(bool ask);
+
+}  // namespace vellumark

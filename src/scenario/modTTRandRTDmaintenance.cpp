@@ -1,0 +1,216 @@
+#include "scenario/modTTRandRTDmaintenance.h"
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "platform/dao/database.h"
+#include "platform/dialogs.h"
+#include "platform/error.h"
+#include "repository/modVellumark.h"
+#include "scenario/modRowCopy.h"
+
+namespace vellumark {
+
+namespace {
+
+constexpr int kRetryCount = 1000;
+
+// What a rule takes over from the System Scenario's rule for the same column. Its range and its quote
+// character stay behind.
+const std::vector<std::string_view> kInheritedColumnFields = {
+    "Constant Value",
+    "Flag Exclude",
+    "Code Generate Data Type",
+    "Flag column unique",
+    "Flag compound column unique",
+    "Fill the column",
+    "generated value too large",
+    "flag user defined foreign key",
+    "Code Output Textfile in Quotes",
+    "Range order",
+    "Concat Value with Id",
+    "date time increment",
+    "Code Output Datetime Edit Pattern",
+    "Sort Order",
+};
+
+// The connection is left out: a rule that reads another database gets one of its own.
+const std::vector<std::string_view> kInheritedSourceFields = {
+    "Status",
+    "Type",
+    "FK CAT Id",
+    "Name and Path",
+    "Start from Column",
+    "End at Column",
+    "Start from Row",
+    "End at Row",
+    "Delimited Field Number",
+    "Delimiter",
+    "File Read Interval",
+    "Read File Order",
+    "File Read Hold Frequency",
+    "Code Input Value In Quotes",
+    "If End of File",
+    "Code Input Datetime Edit Pattern",
+    "Sheet",
+    "Sheet End of File",
+};
+
+void AddRuleRow(int id, int tabId, int start, int end, bool useGenerated) {
+    dao::Recordset rules = RepositoryDatabase.OpenForAppend("TSO Insert Table Rule");
+    rules.AddNew();
+    rules.Set("Id", id)
+        .Set("Sort Order", id)
+        .Set("FK TSO Id", CurrentTSOId)
+        .Set("FK TAB Id", tabId)
+        .Set("FK DBS Id", CurrentDBSId)
+        .Set("Start Range", start)
+        .Set("End Range", end)
+        .Set("Flag Use Generated Data", useGenerated)
+        .Set("Quantity", RangeQuantity(start, end))
+        .Set("Retry Count Data Unique", kRetryCount)
+        .Set("Status", "");
+    rules.Update();
+}
+
+void SetSisterPattern(dao::Recordset& rule, std::string_view dataType) {
+    if (CurrentDBSSource != 'R' && CurrentDBSSource != 'T')
+        return;
+    if (dataType == "TimeStamp")
+        rule.Set("Code Output Datetime Edit Pattern", "Y001M001D001H001I001S001N001");
+    else if (dataType == "Time")
+        rule.Set("Code Output Datetime Edit Pattern", "H001C009I001C009S001");
+    else if (dataType == "Date")
+        rule.Set("Code Output Datetime Edit Pattern", "D001C001M001C001Y001");
+}
+
+void SetDefaults(dao::Recordset& rule, const dao::Recordset& column) {
+    const std::string dataType = column.Text("Vellumark Data Type");
+    rule.Set("Code Generate Data Type", "D")
+        .Set("Flag column unique", false)
+        .Set("Flag compound column unique", false)
+        .Set("Fill the column", "N")
+        .Set("generated value too large", "B")
+        .Set("flag user defined foreign key", false)
+        .Set("Code Output Textfile in Quotes", "D")
+        .Set("Range order", "S")
+        .Set("Concat Value with Id", "N")
+        .Set("Flag Exclude", dataType == "Blob");
+    if (dataType == "Blob")
+        rule.Set("Constant Value", "Note: Objects will be supported in a future release");
+    if (dataType == "TimeStamp" || dataType == "Time")
+        rule.Set("date time increment", "N");
+    else if (dataType == "Date")
+        rule.Set("date time increment", "D");
+    if (CurrentDBSSource == 'T' && column.Text("Name").starts_with("(GROUP_VIEW) "))
+        rule.Set("Constant Value", "Drill down...");
+    SetSisterPattern(rule, dataType);
+}
+
+// Copies the Value Source of the System Scenario's rule to the rule being made.
+void InheritValueSource(const dao::Recordset& systemRule, int ruleId) {
+    const dao::Recordset source = RepositoryDatabase.OpenRecordset(
+        "select * from [Value Source] where [FK DBS Id] = ? and [FK TSO Id] = 0 and [FK TTR Id] = ? and [FK "
+        "TCR Id] = ?"
+        " and [FK TAB Id] = ? and [FK COL Id] = ?",
+        {CurrentDBSId, systemRule.Long("FK TTR Id"), systemRule.Long("Id"), systemRule.Long("FK TAB Id"),
+         systemRule.Long("FK COL Id")});
+    if (source.IsEOF())
+        return;
+    dao::Recordset target = RepositoryDatabase.OpenForAppend("Value Source");
+    target.AddNew();
+    CopyFields(source, target, kInheritedSourceFields);
+    target.Set("FK TCR Id", systemRule.Long("FK COL Id"))
+        .Set("FK TTR Id", ruleId)
+        .Set("FK COL Id", systemRule.Long("FK COL Id"))
+        .Set("FK TAB Id", systemRule.Long("FK TAB Id"))
+        .Set("FK DBS Id", CurrentDBSId)
+        .Set("FK TSO Id", CurrentTSOId);
+    target.Update();
+}
+
+// Goes to the System Scenario's rule of that column; false when it has none.
+bool FindSystemRule(dao::Recordset& systemRules, int colId) {
+    for (systemRules.MoveFirst(); !systemRules.IsEOF(); systemRules.MoveNext())
+        if (systemRules.Long("FK COL Id") == colId)
+            return true;
+    return false;
+}
+
+void AddColumnRules(int ruleId, int tabId) {
+    dao::Recordset columns = RepositoryDatabase.OpenRecordset(
+        "select * from [Column] where [FK DBS Id] = ? and [FK TAB Id] = ? order by [sort order] asc",
+        {CurrentDBSId, tabId});
+    dao::Recordset systemRules = RepositoryDatabase.OpenRecordset(
+        "select * from [TSO Insert Column Rule] where [FK DBS Id] = ? and [FK TSO Id] = 0 and [FK TAB Id] = "
+        "?",
+        {CurrentDBSId, tabId});
+    dao::Recordset rules = RepositoryDatabase.OpenForAppend("TSO Insert Column Rule");
+    for (; !columns.IsEOF(); columns.MoveNext()) {
+        const int colId = columns.Long("Id");
+        rules.AddNew();
+        rules.Set("Id", colId)
+            .Set("Sort Order", columns.Long("Sort Order"))
+            .Set("Status", "")
+            .Set("FK TSO Id", CurrentTSOId)
+            .Set("FK TAB Id", tabId)
+            .Set("FK DBS Id", CurrentDBSId)
+            .Set("FK COL Id", colId)
+            .Set("FK TTR Id", ruleId);
+        if (CurrentTSOId == 0) {
+            SetDefaults(rules, columns);
+        } else if (FindSystemRule(systemRules, colId)) {
+            CopyFields(systemRules, rules, kInheritedColumnFields);
+            if (systemRules.Text("Code Generate Data Type") == "V")
+                InheritValueSource(systemRules, ruleId);
+        }
+        rules.Update();
+    }
+}
+
+}  // namespace
+
+int AddTableRule(int tabId, int startRange, int endRange, bool useGenerated) {
+    RepositoryScope repository;
+    dao::Transaction transaction(RepositoryDatabase);
+    const int id =
+        NextId(RepositoryDatabase,
+               "select max([Id]) from [TSO Insert Table Rule] where [FK DBS Id] = ? and [FK TSO Id] = ?",
+               {CurrentDBSId, CurrentTSOId});
+    AddRuleRow(id, tabId, startRange, endRange, useGenerated);
+    AddColumnRules(id, tabId);
+    const dao::Value name = RepositoryDatabase.Lookup(
+        "select [Name] from [Table] where [FK DBS Id] = ? and [Id] = ?", {CurrentDBSId, tabId});
+    LastTableRuleLabel = TableRuleLabel(dao::ToText(name), startRange, endRange);
+    transaction.Commit();
+    return id;
+}
+
+bool fValidTableRange(int start, int end) {
+    if (end != 0 && start > end) {
+        platform::ShowExclamation("Start number must be less than or equal to end number");
+        return false;
+    }
+    if (start <= 0) {
+        platform::ShowExclamation("Please enter a start number greater than zero");
+        return false;
+    }
+    return true;
+}
+
+int RangeQuantity(int start, int end) {
+    if (end == 0)
+        return 1;
+    const std::int64_t quantity = std::int64_t{end} - start + 1;
+    if (quantity > std::numeric_limits<int>::max() || quantity < std::numeric_limits<int>::min())
+        throw platform::Error(platform::kOverflow, "Overflow");
+    return static_cast<int>(quantity);
+}
+
+std::string TableRuleLabel(std::string_view tableName, int start, int end) {
+    const std::string from = std::string(tableName) + " (" + std::to_string(start);
+    return end == 0 || end == start ? from + ")" : from + "-" + std::to_string(end) + ")";
+}
+
+}  // namespace vellumark

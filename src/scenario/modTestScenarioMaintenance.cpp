@@ -1,0 +1,289 @@
+#include "scenario/modTestScenarioMaintenance.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "platform/error.h"
+#include "platform/text.h"
+#include "repository/modVellumark.h"
+#include "scenario/modDTRmaintenance.h"
+#include "scenario/modScenarioCopy.h"
+#include "scenario/modTTRandRTDmaintenance.h"
+
+namespace vellumark {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::vector<std::string>& CurrentList() {
+    return CurrentScenarioTab == ScenarioTab::Insert ? InsertScenarioNames : DeleteScenarioNames;
+}
+
+char TypeOfTab() {
+    return CurrentScenarioTab == ScenarioTab::Insert ? 'I' : 'D';
+}
+
+std::string KindText() {
+    return CurrentScenarioTab == ScenarioTab::Insert ? "Insert" : "Delete";
+}
+
+// Asks until the name is usable; empty when the user gave up.
+std::string AskScenarioName(const std::string& title, const std::string& current) {
+    for (;;) {
+        const platform::Prompt prompt{"Enter the new " + KindText() + " Data Scenario name: ", title,
+                                      current};
+        std::string name = platform::CurrentDialogs().Ask(prompt).value_or("");
+        if (name.empty() || fScenarioNameOK(name))
+            return name;
+    }
+}
+
+int NextScenarioId() {
+    return NextId(RepositoryDatabase, "select max([Id]) from [Test Scenario] where [FK DBS Id] = ?",
+                  {CurrentDBSId}, 0);
+}
+
+void AddScenarioRow(int id, const std::string& name, char type) {
+    dao::Recordset scenarios = RepositoryDatabase.OpenForAppend("Test Scenario");
+    scenarios.AddNew();
+    scenarios.Set("Id", id)
+        .Set("Name", name)
+        .Set("FK DBS Id", CurrentDBSId)
+        .Set("Type", std::string(1, type));
+    scenarios.Update();
+}
+
+void AddScenarioTables(int scenarioId) {
+    dao::Recordset tables = RepositoryDatabase.OpenRecordset(
+        "select * from [Table] where [FK DBS Id] = ? order by [Name] asc", {CurrentDBSId});
+    dao::Recordset used = RepositoryDatabase.OpenForAppend("resolver Test Scenario Table");
+    for (; !tables.IsEOF(); tables.MoveNext()) {
+        used.AddNew();
+        used.Set("FK DBS Id", CurrentDBSId).Set("FK TSO Id", scenarioId).Set("FK TAB Id", tables.Long("Id"));
+        used.Update();
+    }
+}
+
+void MakeFolder(const std::string& folder) {
+    std::error_code failure;
+    fs::create_directory(folder, failure);
+    if (failure)
+        throw platform::Error(platform::kPathAccessError, "Path/File access error: '" + folder + "'");
+}
+
+void Select(int id, const std::string& name, char type) {
+    CurrentTSOId = id;
+    CurrentTSOName = name;
+    CurrentTSOFolder = ScenarioFolder(name);
+    CurrentTSOType = type;
+    SetSessionState(kOpenWithScenario);
+}
+
+bool IsSelectedInTable(int tabId) {
+    // Case Weaver's test cases are loaded into one table only.
+    if (CurrentTSOId <= 0 || CurrentDBSSource != 'T')
+        return true;
+    return dao::ToText(RepositoryDatabase.Lookup(
+               "select [Name] from [Table] where [FK DBS Id] = ? and [Id] = ?", {CurrentDBSId, tabId})) ==
+           "Test Cases";
+}
+
+void CreateSystemRules() {
+    dao::Recordset options =
+        RepositoryDatabase.OpenRecordset("select [Start Range], [End Range] from [Options]");
+    const int start = options.IsEOF() ? 1 : options.Long("Start Range");
+    const int end = options.IsEOF() ? 100 : options.Long("End Range");
+    dao::Recordset tables = RepositoryDatabase.OpenRecordset(
+        "select * from [resolver Test Scenario Table] where [FK DBS Id] = ? and [FK TSO Id] = ? order by [FK "
+        "TAB Id] asc",
+        {CurrentDBSId, CurrentTSOId});
+    for (; !tables.IsEOF(); tables.MoveNext()) {
+        const int tabId = tables.Long("FK TAB Id");
+        if (CurrentTSOType == 'D')
+            AddDeleteTableRule(tabId, "");
+        else if (IsSelectedInTable(tabId))
+            AddTableRule(tabId, start, end, true);
+    }
+}
+
+void CreateSystemRow() {
+    CurrentTSOId = NextScenarioId();
+    CurrentTSOType = '0';
+    AddScenarioRow(CurrentTSOId, "System", CurrentTSOType);
+    AddScenarioTables(CurrentTSOId);
+}
+
+void DeleteOwnedConnections() {
+    dao::Recordset sources = RepositoryDatabase.OpenRecordset(
+        "select * from [Value Source] where [FK DBS Id] = ? and [FK TSO Id] = ?",
+        {CurrentDBSId, CurrentTSOId});
+    for (; !sources.IsEOF(); sources.MoveNext())
+        if (sources.Long("FK CON Id") > 0)
+            RepositoryDatabase.Execute("delete * from [Database Connection] where [Id] = ?",
+                                       {sources.Long("FK CON Id")});
+}
+
+void RenameInRepository(const std::string& name) {
+    RepositoryScope repository;
+    dao::Transaction transaction(RepositoryDatabase);
+    dao::Recordset scenario = RepositoryDatabase.OpenRecordset(
+        "select * from [Test Scenario] where [Id] = ? and [FK DBS Id] = ?", {CurrentTSOId, CurrentDBSId});
+    scenario.Edit();
+    scenario.Set("Name", name);
+    scenario.Update();
+    std::error_code failure;
+    fs::rename(CurrentTSOFolder, ScenarioFolder(name), failure);
+    if (failure)
+        throw platform::Error(platform::kPathAccessError,
+                              "Path/File access error: '" + CurrentTSOFolder + "'");
+    transaction.Commit();
+}
+
+}  // namespace
+
+std::string ScenarioFolder(std::string_view name) {
+    return JoinPath(CurrentDBSFolder, name) + ".tso";
+}
+
+bool fScenarioNameOK(std::string_view name) {
+    if (platform::CharacterCount(name) > kLongestScenarioName) {
+        platform::ShowExclamation("Scenario name may not be greater than 50 characters.");
+        return false;
+    }
+    if (name.find_first_of("/\\") != std::string_view::npos) {
+        platform::ShowExclamation("Scenario name may not hold a folder separator.");
+        return false;
+    }
+    const std::string folder = ScenarioFolder(name);
+    if (fs::exists(folder)) {
+        platform::ShowExclamation("Scenario path '" + folder + "' already exists.");
+        return false;
+    }
+    return true;
+}
+
+bool CreateScenario(std::string name) {
+    if (name.empty())
+        name = AskScenarioName("Vellumark", "");
+    if (name.empty())
+        return false;
+    try {
+        RepositoryScope repository;
+        dao::Transaction transaction(RepositoryDatabase);
+        const int id = NextScenarioId();
+        AddScenarioRow(id, name, TypeOfTab());
+        AddScenarioTables(id);
+        MakeFolder(ScenarioFolder(name));
+        transaction.Commit();
+        CurrentList().push_back(name);
+        Select(id, name, TypeOfTab());
+        return true;
+    } catch (const platform::Error& error) {
+        platform::ShowUnexpectedError("creating the Scenario", error);
+        return false;
+    }
+}
+
+void CreateSystemScenario() {
+    RepositoryScope repository;
+    dao::Transaction transaction(RepositoryDatabase);
+    CreateSystemRow();
+    CurrentTSOType = 'I';
+    CreateSystemRules();
+    CurrentTSOType = 'D';
+    CreateSystemRules();
+    transaction.Commit();
+}
+
+bool SaveScenarioAs(std::string name) {
+    if (name.empty())
+        name = AskScenarioName("Vellumark - Scenario Save As", CurrentTSOName);
+    if (name.empty())
+        return false;
+    try {
+        RepositoryScope repository;
+        dao::Transaction transaction(RepositoryDatabase);
+        const int id = NextScenarioId();
+        AddScenarioRow(id, name, TypeOfTab());
+        CopyScenarioRows(CurrentTSOId, id);
+        MakeFolder(ScenarioFolder(name));
+        transaction.Commit();
+        CurrentList().push_back(name);
+        return true;
+    } catch (const platform::Error& error) {
+        platform::ShowUnexpectedError("copying the Scenario", error);
+        return false;
+    }
+}
+
+bool RenameScenario(std::string name) {
+    if (name.empty())
+        name = AskScenarioName("Vellumark - Rename Scenario", CurrentTSOName);
+    if (name.empty())
+        return false;
+    try {
+        RenameInRepository(name);
+    } catch (const platform::Error& error) {
+        platform::ShowUnexpectedError("renaming the Scenario", error);
+        return false;
+    }
+    std::ranges::replace(CurrentList(), CurrentTSOName, name);
+    CurrentTSOName = name;
+    CurrentTSOFolder = ScenarioFolder(name);
+    return true;
+}
+
+void DeleteScenarioRows() {
+    DeleteOwnedConnections();
+    for (const char* table :
+         {"Value Source", "resolver TTR dependency", "TSO Insert Column Rule", "TSO Insert Table Rule",
+          "TSO Delete Table Rule", "resolver Test Scenario Table"})
+        RepositoryDatabase.Execute(
+            "delete * from [" + std::string(table) + "] where [FK DBS Id] = ? and [FK TSO Id] = ?",
+            {CurrentDBSId, CurrentTSOId});
+    RepositoryDatabase.Execute("delete * from [Test Scenario] where [Id] = ? and [FK DBS Id] = ?",
+                               {CurrentTSOId, CurrentDBSId});
+}
+
+bool fConfirmDeleteScenario() {
+    return platform::AskYesNo("Do you really want to delete the selected " + KindText() +
+                              " Data Scenario: " + platform::ToLower(CurrentTSOName) + "?");
+}
+
+bool DeleteScenario() {
+    try {
+        RepositoryScope repository;
+        dao::Transaction transaction(RepositoryDatabase);
+        DeleteScenarioRows();
+        transaction.Commit();
+    } catch (const platform::Error& error) {
+        platform::ShowUnexpectedError("deleting the Scenario", error);
+        return false;
+    }
+    // A folder that can't be removed stays behind; the rows are the truth.
+    std::error_code ignored;
+    fs::remove_all(CurrentTSOFolder, ignored);
+    if (SessionState == kOpenWithScenario)
+        SetSessionState(kOpenNoScenario);
+    return true;
+}
+
+bool OpenScenario(std::string_view name) {
+    if (platform::EqualsIgnoringCase(name, CurrentTSOName) && SessionState == kOpenWithScenario)
+        return true;
+    RepositoryScope repository;
+    const dao::Recordset scenario = RepositoryDatabase.OpenRecordset(
+        "select * from [Test Scenario] where [FK DBS Id] = ? and [Name] = ? and [Id] > 0",
+        {CurrentDBSId, name});
+    if (scenario.IsEOF())
+        return false;
+    const std::string type = scenario.Text("Type");
+    Select(scenario.Long("Id"), scenario.Text("Name"), type.empty() ? 'I' : type.front());
+    CurrentScenarioTab = CurrentTSOType == 'D' ? ScenarioTab::Delete : ScenarioTab::Insert;
+    return true;
+}
+
+}  // namespace vellumark
