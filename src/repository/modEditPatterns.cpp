@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 
 #include "platform/text.h"
 #include "repository/modConsistencyCheck.h"
@@ -36,29 +37,67 @@ std::optional<EditToken> FindToken(std::string_view stored) {
     return std::nullopt;
 }
 
-void AppendDateToken(std::string& out, EditToken token, const platform::Date& date) {
+// Gathers short pieces before they go out together, since rows without number pass here.
+class Pieces {
+ public:
+    explicit Pieces(std::string& out) : out_(out) {}
+    ~Pieces() { Flush(); }
+    Pieces(const Pieces&) = delete;
+    Pieces& operator=(const Pieces&) = delete;
+
+    void Character(char c) {
+        MakeRoom();
+        *at_++ = c;
+    }
+    void TwoDigits(int value) {
+        MakeRoom();
+        *at_++ = static_cast<char>('0' + value / 10);
+        *at_++ = static_cast<char>('0' + value % 10);
+    }
+    void Text(std::string_view text) {
+        Flush();
+        out_ += text;
+    }
+
+ private:
+    static constexpr std::ptrdiff_t kLongestPiece = 2;
+
+    void MakeRoom() {
+        if (std::end(pieces_) - at_ < kLongestPiece)
+            Flush();
+    }
+    void Flush() {
+        out_.append(pieces_, static_cast<std::size_t>(at_ - pieces_));
+        at_ = pieces_;
+    }
+
+    std::string& out_;
+    char pieces_[64];
+    char* at_ = pieces_;
+};
+
+void AddDateToken(Pieces& pieces, EditToken token, const platform::Date& date) {
     switch (token) {
         case EditToken::Year:
-            return platform::AppendFourDigits(out, date.year);
+            pieces.TwoDigits(date.year / 100);
+            [[fallthrough]];
         case EditToken::ShortYear:
-            return platform::AppendTwoDigits(out, date.year % 100);
+            return pieces.TwoDigits(date.year % 100);
         case EditToken::Month:
-            return platform::AppendTwoDigits(out, date.month);
+            return pieces.TwoDigits(date.month);
         case EditToken::MonthName:
-            out += platform::ShortMonthName(date.month);
-            return;
+            return pieces.Text(platform::ShortMonthName(date.month));
         case EditToken::Day:
-            return platform::AppendTwoDigits(out, date.day);
+            return pieces.TwoDigits(date.day);
         default:
-            out += platform::ShortWeekdayName(date);
+            return pieces.Text(platform::ShortWeekdayName(date));
     }
 }
 
-void AppendTimeToken(std::string& out, EditToken token, const platform::Time& time) {
-    const int part = token == EditToken::Hour     ? time.hour
+void AddTimeToken(Pieces& pieces, EditToken token, const platform::Time& time) {
+    pieces.TwoDigits(token == EditToken::Hour     ? time.hour
                      : token == EditToken::Minute ? time.minute
-                                                  : time.second;
-    platform::AppendTwoDigits(out, part);
+                                                  : time.second);
 }
 
 // Empty text is an absent part; false when there is text that is no date or no time.
@@ -185,16 +224,17 @@ EditPattern CompileEditPattern(std::string_view pattern) {
 }
 
 void AppendFormatted(std::string& out, const EditPattern& pattern, const DateTimeParts& parts) {
+    Pieces pieces(out);
     for (const EditToken token : pattern.tokens) {
         if (token > EditToken::Microseconds)
-            out += ReadableText(token);
+            pieces.Character(ReadableText(token)[0]);
         else if (token == EditToken::Microseconds)
-            out += parts.microseconds;
+            pieces.Text(parts.microseconds);
         else if (token >= EditToken::Hour) {
             if (parts.time)
-                AppendTimeToken(out, token, *parts.time);
+                AddTimeToken(pieces, token, *parts.time);
         } else if (parts.date) {
-            AppendDateToken(out, token, *parts.date);
+            AddDateToken(pieces, token, *parts.date);
         }
     }
 }

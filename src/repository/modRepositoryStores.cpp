@@ -5,6 +5,7 @@
 
 #include "platform/error.h"
 #include "repository/modStoreTables.h"
+#include "repository/modValuesStore.h"
 #include "repository/modVellumark.h"
 #include "starter_values.h"
 
@@ -32,54 +33,6 @@ void CreateTables(const dao::Database& database, const std::vector<StoreTable>& 
             database
                 .Prepare("create index [" + name + "] on [" + table.name + "] (" + std::string(index) + ")")
                 .Execute();
-        }
-    }
-}
-
-void AddStarterCategory(dao::Recordset& categories, dao::Recordset& values, int id,
-                        const StarterCategory& starter) {
-    categories.AddNew();
-    categories.Set("Id", id)
-        .Set("Name", starter.name)
-        .Set("Data Type", std::string(1, starter.dataType))
-        .Set("Type", "T");
-    categories.Update();
-    int valueId = 0;
-    for (const std::string_view value : starter.values) {
-        ++valueId;
-        values.AddNew();
-        values.Set("Id", valueId)
-            .Set("FK CAT Id", id)
-            .Set("Value", value)
-            .Set("Sort Order", valueId)
-            .Set("FK Depends CAT Id", 0)
-            .Set("FK Depends VLE Id", 0);
-        values.Update();
-    }
-}
-
-void AddStarterCategories(const dao::Database& database) {
-    dao::Recordset categories = database.OpenForAppend("Category");
-    dao::Recordset values = database.OpenForAppend("Value");
-    int id = 0;
-    for (const StarterCategory& starter : StarterCategories())
-        AddStarterCategory(categories, values, ++id, starter);
-}
-
-void AddStarterConversions(const dao::Database& database) {
-    dao::Recordset conversions = database.OpenForAppend("Conversion Code");
-    dao::Recordset codes = database.OpenForAppend("Conversion Code Value");
-    int id = 0;
-    for (const StarterConversion& starter : StarterConversions()) {
-        ++id;
-        conversions.AddNew();
-        conversions.Set("Id", id).Set("Name", starter.name);
-        conversions.Update();
-        int codeId = 0;
-        for (const auto& [code, value] : starter.codes) {
-            codes.AddNew();
-            codes.Set("Id", ++codeId).Set("FK CNV Id", id).Set("Code", code).Set("Value", value);
-            codes.Update();
         }
     }
 }
@@ -126,8 +79,10 @@ void CreateRepository(const std::string& path) {
 void CreateValuesDatabase(const std::string& path) {
     CreateStore(path, "", [](const dao::Database& database) {
         CreateTables(database, ValuesTables());
-        AddStarterCategories(database);
-        AddStarterConversions(database);
+        for (const StarterCategory& starter : StarterCategories())
+            AddCategory(database, starter.name, starter.dataType, starter.values);
+        for (const StarterConversion& starter : StarterConversions())
+            AddConversionCode(database, starter.name, starter.codes);
     });
 }
 

@@ -234,6 +234,29 @@ void UpdateConnection(int id, const ConnectionDetails& details) {
     row.Update();
 }
 
+bool fSaveTargetConnection(ConnectionDetails details) {
+    const RepositoryScope repository;
+    dao::Recordset schema =
+        RepositoryDatabase.OpenRecordset("select * from [Database] where [Id] = ?", {CurrentDBSId});
+    if (schema.IsEOF()) {
+        platform::ShowExclamation("Database not found in Vellumark.");
+        return false;
+    }
+    details.schemaName = schema.Text("Name");
+    details.description = TargetDescription(details);
+    const int id = schema.Long("FK CON Id Target");
+    if (!ConnectionRow(id).IsEOF()) {
+        UpdateConnection(id, details);
+        return true;
+    }
+    const int newId = NextConnectionId();
+    AddConnection(newId, details);
+    schema.Edit();
+    schema.Set("FK CON Id Target", newId);
+    schema.Update();
+    return true;
+}
+
 void fCreateTargetPlaceholder(int id, std::string_view schemaName) {
     ConnectionDetails details;
     details.description = std::string(schemaName) + " (Target) - " + std::string(kToBeConfigured);

@@ -93,6 +93,8 @@ std::optional<ConnectionDetails> ReadConnection(int id);
 void AddConnection(int id, const ConnectionDetails& details);
 // Throws kNoCurrentRecord when there is no such row.
 void UpdateConnection(int id, const ConnectionDetails& details);
+// Stores the connection as the current schema's Target under its own description. False behind a message.
+bool fSaveTargetConnection(ConnectionDetails details);
 void fCreateTargetPlaceholder(int id, std::string_view schemaName);
 
 // Open into CurrentConnections; a failure shows the database's own error.

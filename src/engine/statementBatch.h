@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/statementTarget.h"
+
+namespace vellumark {
+
+// Executes statements in transactions, with the outcome that each by itself would have: when one fails, those
+// before it stay.
+class StatementBatch {
+ public:
+    explicit StatementBatch(StatementTarget& target) : target_(target) {}
+    // What has not been brought to an end by Finish is undone.
+    ~StatementBatch();
+    StatementBatch(const StatementBatch&) = delete;
+    StatementBatch& operator=(const StatementBatch&) = delete;
+
+    // Throws the error of this statement or of one before it.
+    void Execute(std::string_view statement);
+    // Makes sure of all statements so far.
+    void Finish();
+
+    // The statement that the last error belongs to; empty when there was none.
+    const std::string& FailedStatement() const { return failed_; }
+
+ private:
+    void Replay();
+    void Forget();
+
+    StatementTarget& target_;
+    std::string texts_;  // of the open transaction, one behind the other
+    std::vector<std::size_t> ends_;
+    std::string failed_;
+};
+
+}  // namespace vellumark

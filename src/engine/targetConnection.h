@@ -1,0 +1,12 @@
+#pragma once
+
+#include <memory>
+
+#include "engine/statementTarget.h"
+
+namespace vellumark {
+
+// The session's Target Connection, by its protocol. Throws platform::Error when it is not open.
+std::unique_ptr<StatementTarget> SessionTarget();
+
+}  // namespace vellumark

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/dao/database.h"
+
+namespace vellumark {
+
+// Adds a Category with its values, numbered in their order. Throws platform::Error.
+void AddCategory(const dao::Database& values, std::string_view name, char dataType,
+                 const std::vector<std::string_view>& texts);
+
+// Adds a Conversion Code with pairs of code and value. Throws platform::Error.
+void AddConversionCode(const dao::Database& values, std::string_view name,
+                       const std::vector<std::pair<std::string_view, std::string_view>>& codes);
+
+}  // namespace vellumark

@@ -1,0 +1,94 @@
+#include "engine/statementBatch.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/error.h"
+
+namespace vellumark::test {
+
+namespace {
+
+// Keeps what statements would have left behind.
+class FakeTarget : public StatementTarget {
+ public:
+    void Execute(std::string_view statement) override {
+        ++executed;
+        if (statement == failing)
+            throw platform::Error(3022, "duplicate " + std::string(statement));
+        (inTransaction ? pending : done) += statement;
+    }
+    void Begin() override {
+        if (!begins)
+            throw platform::Error(3218, "locked");
+        inTransaction = true;
+    }
+    void Commit() override {
+        if (!commits)
+            throw platform::Error(3201, "deferred");
+        done += pending;
+        Rollback();
+        ++committed;
+    }
+    void Rollback() override {
+        pending.clear();
+        inTransaction = false;
+    }
+
+    std::string failing;
+    bool begins = true;
+    bool commits = true;
+    bool inTransaction = false;
+    std::string pending;
+    std::string done;
+    int executed = 0;
+    int committed = 0;
+};
+
+std::string ErrorOf(StatementBatch& batch, const std::string& statements) {
+    try {
+        for (const char statement : statements)
+            batch.Execute(std::string(1, statement));
+        batch.Finish();
+    } catch (const platform::Error& error) {
+        return error.Line() + " [" + batch.FailedStatement() + "]";
+    }
+    return {};
+}
+
+TEST(StatementBatchTest, KeepsWhatStoodBeforeAFailingStatement) {
+    FakeTarget target;
+    target.failing = "c";
+    StatementBatch batch(target);
+    EXPECT_EQ(ErrorOf(batch, "abcd"), "Error: 3022 duplicate c [c]");
+    EXPECT_EQ(target.done, "ab");
+    EXPECT_FALSE(target.inTransaction);
+    EXPECT_EQ(ErrorOf(batch, "de"), "");
+    EXPECT_EQ(target.done, "abde");
+}
+
+TEST(StatementBatchTest, RepeatsAGroupThatCannotBeCommitted) {
+    FakeTarget target;
+    target.commits = false;
+    StatementBatch batch(target);
+    EXPECT_EQ(ErrorOf(batch, "abc"), "");
+    EXPECT_EQ(target.done, "abc");
+    EXPECT_EQ(target.executed, 6);
+}
+
+TEST(StatementBatchTest, CommitsGroups) {
+    FakeTarget target;
+    {
+        StatementBatch batch(target);
+        EXPECT_EQ(ErrorOf(batch, std::string(2500, 'x')), "");
+        EXPECT_EQ(target.committed, 3);
+        batch.Execute("y");
+    }
+    EXPECT_EQ(target.done, std::string(2500, 'x'));  // what was not finished is undone
+    target.begins = false;
+    StatementBatch batch(target);
+    EXPECT_EQ(ErrorOf(batch, "z"), "Error: 3218 locked []");
+}
+
+}  // namespace
+
+}  // namespace vellumark::test
