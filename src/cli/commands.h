@@ -1,0 +1,31 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
+
+#include "cli/consoleDialogs.h"
+
+namespace vellumark {
+
+// What the words on the command line ask for. Parsing fills `run`; it is called once the session has started
+// and returns whether the command did what it should.
+struct CommandLine {
+    std::string settings;
+    bool yes = false;
+    bool init = false;  // makes missing stores before the session starts
+    std::function<bool()> run;
+};
+
+void AddSchemaCommands(CLI::App& app, CommandLine& line);
+void AddScenarioCommands(CLI::App& app, CommandLine& line);
+void AddRuleCommands(CLI::App& app, CommandLine& line);
+void AddSourceCommands(CLI::App& app, CommandLine& line);
+void AddRunCommands(CLI::App& app, CommandLine& line, ConsoleDialogs& dialogs);
+
+// Opens the Database schema of that name as the desktop's open screen does; shows a message when there is
+// none.
+bool OpenSchemaNamed(const std::string& name);
+bool OpenScenarioNamed(const std::string& name);
+
+}  // namespace vellumark

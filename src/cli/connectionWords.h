@@ -1,0 +1,26 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <string>
+
+#include "schema/modDatabaseConnection.h"
+
+namespace vellumark {
+
+// The words that describe a connection, as several commands take them.
+struct ConnectionWords {
+    ConnectionDetails details;
+    std::string protocol = "ado";
+    std::string access = "direct";
+    std::optional<std::string> tablePrefix;
+    std::optional<std::string> ownerPrefix;
+};
+
+CLI::Option* AddConnectionOptions(CLI::App& command, ConnectionWords& words);
+
+// The record that the words stand for, with its connection string; nothing, behind a message, when that
+// protocol can't reach the system so.
+std::optional<ConnectionDetails> CompleteConnection(const ConnectionWords& words);
+
+}  // namespace vellumark

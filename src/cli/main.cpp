@@ -1,0 +1,84 @@
+#include <iostream>
+#include <unistd.h>
+
+#include "cli/commands.h"
+#include "platform/error.h"
+#include "repository/modRepositoryStores.h"
+#include "repository/modVellumark.h"
+
+namespace vellumark {
+
+namespace {
+
+enum ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
+
+void DescribeProgram(CLI::App& app, CommandLine& line) {
+    app.set_version_flag("--version", [] {
+        LoadProgramPaths();
+        return "vellumark-cli " + VersionString;
+    });
+    app.add_option("--settings", line.settings, "Settings file (default: the user's own)")->type_name("FILE");
+    app.add_flag("--yes,-y", line.yes, "Answer every question with Yes");
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.get_formatter()->column_width(36);
+    app.add_subcommand("init", "Make the settings file and both stores where missing, and start")
+        ->callback([&line] {
+            line.init = true;
+            line.run = [] { return true; };
+        });
+}
+
+void MakeNamedStores(const CommandLine& line) {
+    if (!line.init || line.settings.empty())
+        return;
+    SettingsFilePath = line.settings;
+    LoadProgramPaths();
+    LoadSettings();
+    for (const std::string& path : CreateMissingStores())
+        std::cout << "made " << path << "\n";
+}
+
+int Execute(const CommandLine& line) {
+    try {
+        MakeNamedStores(line);
+        StartSession(line.settings);
+        return line.run() ? kDone : kFailed;
+    } catch (const platform::ProgramEnd&) {
+        return kFailed;
+    } catch (const platform::Error& error) {
+        platform::ShowExclamation(error.Line());
+        return kFailed;
+    }
+}
+
+int Main(int argc, char** argv) {
+    ConsoleDialogs dialogs(isatty(STDERR_FILENO) != 0);
+    platform::UseDialogs(dialogs);
+    CommandLine line;
+    CLI::App app("Vellumark fills relational databases with test data and removes it again.",
+                 "vellumark-cli");
+    DescribeProgram(app, line);
+    AddSchemaCommands(app, line);
+    AddScenarioCommands(app, line);
+    AddRuleCommands(app, line);
+    AddSourceCommands(app, line);
+    AddRunCommands(app, line, dialogs);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, std::cout, std::cerr) == 0 ? kDone : kUsage;
+    }
+    dialogs.AnswerYes(line.yes);
+    const int status = Execute(line);
+    dialogs.Transient("");
+    return status;
+}
+
+}  // namespace
+
+}  // namespace vellumark
+
+int main(int argc, char** argv) {
+    return vellumark::Main(argc, argv);
+}

@@ -1,0 +1,90 @@
+#include <iostream>
+#include <memory>
+#include <optional>
+
+#include "cli/commands.h"
+#include "cli/connectionWords.h"
+#include "platform/dialogs.h"
+#include "repository/modVellumark.h"
+#include "scenario/modSchemaLifecycle.h"
+
+namespace vellumark {
+
+namespace {
+
+bool ListSchemas() {
+    RepositoryScope repository;
+    dao::Recordset schemas = RepositoryDatabase.OpenRecordset("select * from [Database] order by [Name] asc");
+    for (; !schemas.IsEOF(); schemas.MoveNext())
+        std::cout << schemas.Text("Name") << "\n";
+    return true;
+}
+
+bool ListTables(const std::string& schema) {
+    if (!OpenSchemaNamed(schema))
+        return false;
+    RepositoryScope repository;
+    dao::Recordset tables = RepositoryDatabase.OpenRecordset(
+        "select * from [Table] where [FK DBS Id] = ? order by [Id] asc", {CurrentDBSId});
+    for (; !tables.IsEOF(); tables.MoveNext())
+        std::cout << tables.Text("Name") << "\n";
+    return true;
+}
+
+bool ReadSchema(const ConnectionWords& words) {
+    const std::optional<ConnectionDetails> details = CompleteConnection(words);
+    if (!details || !fNewSchema(*details))
+        return false;
+    RepositoryScope repository;
+    const dao::Value tables =
+        RepositoryDatabase.Lookup("select count(*) from [Table] where [FK DBS Id] = ?", {CurrentDBSId});
+    std::cout << "read " << dao::ToLong(tables) << " tables into " << CurrentDBSName << "\n";
+    return true;
+}
+
+bool DropSchema(const std::string& name) {
+    return OpenSchemaNamed(name) && fDeleteSchema(true);
+}
+
+void AddReadCommand(CLI::App& app, CommandLine& line) {
+    const auto words = std::make_shared<ConnectionWords>();
+    CLI::App* read =
+        app.add_subcommand("read", "Read a database's tables, columns and foreign keys into a new schema");
+    read->add_option("NAME", words->details.schemaName, "Name of the new Database schema")->required();
+    read->add_option("--description", words->details.schemaDescription, "Free text");
+    AddConnectionOptions(*read, *words)->required();
+    read->callback([&line, words] { line.run = [words] { return ReadSchema(*words); }; });
+}
+
+void AddNamedCommand(CLI::App& app, CommandLine& line, const char* name, const char* help,
+                     bool (*action)(const std::string&)) {
+    const auto schema = std::make_shared<std::string>();
+    CLI::App* command = app.add_subcommand(name, help);
+    command->add_option("SCHEMA", *schema, "Name of the Database schema")->required();
+    command->callback([&line, schema, action] { line.run = [schema, action] { return action(*schema); }; });
+}
+
+}  // namespace
+
+bool OpenSchemaNamed(const std::string& name) {
+    int id = 0;
+    {
+        RepositoryScope repository;
+        id = dao::ToLong(RepositoryDatabase.Lookup("select [Id] from [Database] where [Name] = ?", {name}));
+    }
+    if (id > 0)
+        return OpenSelectedSchema(id);
+    platform::ShowExclamation("There is no Database schema '" + name + "'.");
+    return false;
+}
+
+void AddSchemaCommands(CLI::App& app, CommandLine& line) {
+    app.add_subcommand("schemas", "List the Database schemas, one name a line")->callback([&line] {
+        line.run = ListSchemas;
+    });
+    AddReadCommand(app, line);
+    AddNamedCommand(app, line, "tables", "List the tables of a schema, one a line", ListTables);
+    AddNamedCommand(app, line, "drop", "Delete a schema with its Scenarios", DropSchema);
+}
+
+}  // namespace vellumark
