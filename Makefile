@@ -15,8 +15,17 @@ setup:           ## Install the Debian packages that are missing
 build: setup     ## Build both programs into build/
 	@scripts/build $(BUILD)
 
+run: build       ## Open the desktop program
+	$(BUILD)/vellumark
+
+demo: build      ## Do the main job on a small embedded database
+	@scripts/demo $(BUILD)
+
 test: build      ## Run all tests
 	ctest --test-dir $(BUILD) --output-on-failure -j2
+
+bench: build     ## Measure the speed of runs and of reading a schema
+	$(BUILD)/vellumark_bench
 
 lint: build      ## Check formatting, include cycles and file sizes
 	@scripts/lint
@@ -28,6 +37,9 @@ sanitize: setup  ## Build and test with the address and undefined-behaviour sani
 	cmake --preset sanitize
 	cmake --build --preset sanitize
 	ctest --preset sanitize
+
+install: build   ## Install both programs below PREFIX (default /usr/local)
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 clean:           ## Remove what was built
 	rm -rf $(BUILD) build-sanitize

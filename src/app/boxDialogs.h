@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+namespace vellumark {
+
+// Messages and questions as boxes on the screen.
+class BoxDialogs : public platform::Dialogs {
+ public:
+    void Message(platform::Icon icon, const std::string& text) override;
+    bool AskYesNo(platform::Icon icon, const std::string& text) override;
+    std::optional<std::string> Ask(const platform::Prompt& prompt) override;
+    int Choose(const platform::Choice& choice) override;
+    void Status(const std::string& text) override;
+};
+
+}  // namespace vellumark
