@@ -6,7 +6,7 @@ namespace vellumark {
 
 namespace {
 
-constexpr std::size_t kMostStatements = 1000;
+constexpr std::size_t kMostStatements = 10000;
 constexpr std::size_t kMostBytes = 4 * 1024 * 1024;
 
 void RollBackQuietly(StatementTarget& target) {
@@ -32,7 +32,7 @@ void StatementBatch::Execute(std::string_view statement) {
     try {
         target_.Execute(statement);
     } catch (const platform::Error&) {
-        Replay();
+        Replay(ends_.size() - 1);
         return;
     }
     if (ends_.size() >= kMostStatements || texts_.size() >= kMostBytes)
@@ -45,27 +45,44 @@ void StatementBatch::Finish() {
     try {
         target_.Commit();
     } catch (const platform::Error&) {
-        Replay();
+        Replay(0);
     }
     Forget();
 }
 
-// One statement at a time: the first that fails now is the one to tell of.
-void StatementBatch::Replay() {
+// One statement at a time behind those that went well: the first that fails now is the one to tell of.
+void StatementBatch::Replay(std::size_t good) {
     RollBackQuietly(target_);
     const std::string texts = std::move(texts_);
     const std::vector<std::size_t> ends = std::move(ends_);
     Forget();
-    std::size_t start = 0;
-    for (const std::size_t end : ends) {
-        const std::string_view statement = std::string_view(texts).substr(start, end - start);
-        try {
-            target_.Execute(statement);
-        } catch (const platform::Error&) {
-            failed_ = statement;
-            throw;
-        }
-        start = end;
+    const auto statement = [&](std::size_t place) {
+        const std::size_t start = place == 0 ? 0 : ends[place - 1];
+        return std::string_view(texts).substr(start, ends[place] - start);
+    };
+    std::size_t place = RepeatGroup(statement, good) ? good : 0;
+    try {
+        for (; place < ends.size(); ++place)
+            target_.Execute(statement(place));
+    } catch (const platform::Error&) {
+        failed_ = statement(place);
+        throw;
+    }
+}
+
+bool StatementBatch::RepeatGroup(const std::function<std::string_view(std::size_t)>& statement,
+                                 std::size_t count) {
+    if (count == 0)
+        return false;
+    try {
+        target_.Begin();
+        for (std::size_t place = 0; place < count; ++place)
+            target_.Execute(statement(place));
+        target_.Commit();
+        return true;
+    } catch (const platform::Error&) {
+        RollBackQuietly(target_);
+        return false;
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +29,9 @@ class StatementBatch {
     const std::string& FailedStatement() const { return failed_; }
 
  private:
-    void Replay();
+    // `good` counts the statements at the start that have been executed before without an error.
+    void Replay(std::size_t good);
+    bool RepeatGroup(const std::function<std::string_view(std::size_t)>& statement, std::size_t count);
     void Forget();
 
     StatementTarget& target_;

@@ -1,7 +1,6 @@
 #include "engine/targetConnection.h"
 
-#include <optional>
-
+#include "platform/dao/text_runner.h"
 #include "platform/error.h"
 #include "schema/modDatabaseConnection.h"
 
@@ -9,29 +8,42 @@ namespace vellumark {
 
 namespace {
 
+class AdoTarget : public StatementTarget {
+ public:
+    explicit AdoTarget(ado::Connection& connection) : connection_(connection) {}
+
+    void Execute(std::string_view statement) override { connection_.Execute(statement); }
+    void Begin() override { connection_.Begin(); }
+    void Commit() override { connection_.Commit(); }
+    void Rollback() override { connection_.Rollback(); }
+
+ private:
+    ado::Connection& connection_;
+};
+
 class DaoTarget : public StatementTarget {
  public:
-    explicit DaoTarget(const dao::Database& database) : database_(database) {}
+    explicit DaoTarget(const dao::Database& database) : database_(database), runner_(database) {}
 
-    void Execute(std::string_view statement) override { database_.Execute(statement); }
-    void Begin() override { transaction_.emplace(database_); }
-    void Commit() override {
-        transaction_->Commit();
-        transaction_.reset();
-    }
-    void Rollback() override { transaction_.reset(); }
+    void Execute(std::string_view statement) override { runner_.Execute(statement); }
+    void Begin() override { database_.BeginTrans(); }
+    void Commit() override { database_.CommitTrans(); }
+    void Rollback() override { database_.Rollback(); }
 
  private:
     const dao::Database& database_;
-    std::optional<dao::Transaction> transaction_;
+    dao::TextRunner runner_;
 };
 
 }  // namespace
 
 std::unique_ptr<StatementTarget> SessionTarget() {
-    if (!TargetConnections.dao.IsOpen())
+    OpenConnections& target = TargetConnections;
+    if (DatabaseProtocol == 'A' ? !target.ado.IsOpen() : !target.dao.IsOpen())
         throw platform::Error(ado::kObjectIsClosed, "Operation is not allowed when the object is closed.");
-    return std::make_unique<DaoTarget>(TargetConnections.dao);
+    if (DatabaseProtocol == 'A')
+        return std::make_unique<AdoTarget>(target.ado);
+    return std::make_unique<DaoTarget>(target.dao);
 }
 
 }  // namespace vellumark

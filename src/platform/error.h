@@ -35,6 +35,7 @@ enum ErrorNumber : int {
     kLocked = 3218,
     kNoSuchItem = 3265,
     kUnrecognizedFormat = 3343,
+    kProviderNotFound = 3706,
 };
 
 // The one exception type of the program: a number as the data engine's and a text for people.

@@ -20,6 +20,9 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 bool LessIgnoringCase(std::string_view a, std::string_view b);
 bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix);
 bool ContainsIgnoringCase(std::string_view text, std::string_view part);
+constexpr char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 std::string ToUpper(std::string_view text);
 std::string ToLower(std::string_view text);
 

@@ -174,9 +174,9 @@ std::string FileNameOnly(std::string_view path) {
     return std::string(path.substr(LengthOfFolder(path)));
 }
 
-std::string StripOuterCharacters(std::string_view text) {
+std::string_view StripOuterCharacters(std::string_view text) {
     const std::size_t count = platform::CharacterCount(text);
-    return std::string(count < 2 ? text : platform::MiddleCharacters(text, 2, count - 2));
+    return count < 2 ? text : platform::MiddleCharacters(text, 2, count - 2);
 }
 
 std::string SwapParenthesised(std::string_view text) {

@@ -32,7 +32,8 @@ void ChangeFolder(std::string_view path);
 bool fSplitPath(std::string_view path, std::string& folder, std::string& fileName);
 std::string FileNameOnly(std::string_view path);
 
-std::string StripOuterCharacters(std::string_view text);
+// A part of that text.
+std::string_view StripOuterCharacters(std::string_view text);
 // "Name (Entity)" to "(Entity) Name" and back.
 std::string SwapParenthesised(std::string_view text);
 

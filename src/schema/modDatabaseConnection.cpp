@@ -2,8 +2,11 @@
 
 #include <array>
 
+#include "platform/ado/embedded_provider.h"
+#include "platform/connection_string.h"
 #include "platform/dialogs.h"
 #include "platform/error.h"
+#include "platform/odbc/driver_string.h"
 #include "platform/text.h"
 #include "repository/modDescriptions.h"
 #include "repository/modVellumark.h"
@@ -149,6 +152,16 @@ bool OpenFoundConnection() {
     return open;
 }
 
+// The string of a direct connection to some other DBMS names a data source as well.
+dao::Database OpenThroughDAO(const std::string& connectionString, bool useODBC, const std::string& dsn) {
+    const platform::ConnectionString parts(connectionString);
+    if (ado::EmbeddedProvider::Serves(parts))
+        return ado::EmbeddedProvider::OpenFile(parts);
+    if (useODBC || odbc::NamesSource(parts))
+        return dao::OpenOdbcDatabase(dsn, connectionString);
+    return dao::OpenDatabase(connectionString);
+}
+
 }  // namespace
 
 void OpenConnections::Close() {
@@ -278,9 +291,7 @@ bool fOpenDAODatabase(const std::string& connectionString, bool useODBC, const s
     dao::Database& database = CurrentConnections().dao;
     database.Close();
     try {
-        if (useODBC)
-            throw ado::NoProviderError(dsn.empty() ? connectionString : "DSN=" + dsn);
-        database = dao::OpenDatabase(connectionString);
+        database = OpenThroughDAO(connectionString, useODBC, dsn);
     } catch (const platform::Error& error) {
         platform::ShowExclamation(error.Line());
     }

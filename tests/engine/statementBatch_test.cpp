@@ -13,7 +13,7 @@ class FakeTarget : public StatementTarget {
  public:
     void Execute(std::string_view statement) override {
         ++executed;
-        if (statement == failing)
+        if (statement == failing || (inTransaction && statement == failingInside))
             throw platform::Error(3022, "duplicate " + std::string(statement));
         (inTransaction ? pending : done) += statement;
     }
@@ -35,6 +35,7 @@ class FakeTarget : public StatementTarget {
     }
 
     std::string failing;
+    std::string failingInside;  // a transaction
     bool begins = true;
     bool commits = true;
     bool inTransaction = false;
@@ -66,6 +67,23 @@ TEST(StatementBatchTest, KeepsWhatStoodBeforeAFailingStatement) {
     EXPECT_EQ(target.done, "abde");
 }
 
+TEST(StatementBatchTest, RepeatsTheGoodStatementsAsAGroup) {
+    FakeTarget target;
+    StatementBatch batch(target);
+    batch.Execute("a");
+    target.failing = "b";
+    EXPECT_EQ(ErrorOf(batch, "b"), "Error: 3022 duplicate b [b]");
+    EXPECT_EQ(target.done, "a");
+    EXPECT_EQ(target.committed, 1);
+
+    target.failing.clear();
+    batch.Execute("c");
+    target.failingInside = "c";
+    EXPECT_EQ(ErrorOf(batch, "dc"), "");
+    EXPECT_EQ(target.done, "acdc");
+    EXPECT_EQ(target.committed, 1);
+}
+
 TEST(StatementBatchTest, RepeatsAGroupThatCannotBeCommitted) {
     FakeTarget target;
     target.commits = false;
@@ -79,11 +97,11 @@ TEST(StatementBatchTest, CommitsGroups) {
     FakeTarget target;
     {
         StatementBatch batch(target);
-        EXPECT_EQ(ErrorOf(batch, std::string(2500, 'x')), "");
+        EXPECT_EQ(ErrorOf(batch, std::string(25000, 'x')), "");
         EXPECT_EQ(target.committed, 3);
         batch.Execute("y");
     }
-    EXPECT_EQ(target.done, std::string(2500, 'x'));  // what was not finished is undone
+    EXPECT_EQ(target.done, std::string(25000, 'x'));  // what was not finished is undone
     target.begins = false;
     StatementBatch batch(target);
     EXPECT_EQ(ErrorOf(batch, "z"), "Error: 3218 locked []");

@@ -257,10 +257,17 @@ TEST_F(ModDatabaseConnectionTest, FailingOpenShowsTheEngineAndDisconnects) {
         {'D', false, missing, "exclamation: Error: 3024 Could not find file '" + missing + "'."},
         {'A', false, "Provider = MSDAORA;Password=pw",
          "exclamation: Error: 3706 Provider cannot be found. No driver is installed for the provider "
-         "'MSDAORA'."},
+         "'MSDAORA'. Please install Oracle's Instant Client with its ODBC part. Installed are: SQLite3, "
+         "Ghost "
+         "Driver."},
         {'D', true, "DSN=ds;PWD=pw",
-         "exclamation: Error: 3706 Provider cannot be found. No driver is installed for the data source "
-         "'ds'."},
+         "exclamation: Error: 3706 Provider cannot be found. No data source 'ds' is set up. Please define it "
+         "in "
+         "odbc.ini."},
+        {'D', false, "DSN=ds;UID=u",
+         "exclamation: Error: 3706 Provider cannot be found. No data source 'ds' is set up. Please define it "
+         "in "
+         "odbc.ini."},
     };
     for (const auto& c : cases) {
         ConnectMode = kConnectForm;

@@ -89,6 +89,12 @@ class FakeProvider : public ado::Provider {
             ADD_FAILURE() << "keys of a view";
         return keys;
     }
+    // Reading a schema needs no more.
+    void Execute(std::string_view) override { ADD_FAILURE(); }
+    std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view) const override { return nullptr; }
+    void Begin() override { ADD_FAILURE(); }
+    void Commit() override { ADD_FAILURE(); }
+    void Rollback() override { ADD_FAILURE(); }
 
  private:
     bool hasKeys_;

@@ -104,10 +104,10 @@ TEST_F(PhysicalSchemaTest, ReadsTablesAndKeysThroughBothProtocols) {
 TEST_F(PhysicalSchemaTest, ADataSourceBehindDAOTellsNoKeys) {
     test::MakeEmbedded(path, "create table A (Id LONG primary key, B LONG references A (Id));");
     ConnectionForm.useODBC = true;
-    EXPECT_EQ(
-        Read('D'),
-        "Falseexclamation: Error: 3706 Provider cannot be found. No driver is installed for this connection "
-        "string.|exclamation: Cannot connect to source database.");
+    EXPECT_EQ(Read('D'),
+              "Falseexclamation: Error: 3706 Provider cannot be found. The connection string names no driver "
+              "and no data "
+              "source.|exclamation: Cannot connect to source database.");
     {
         const RepositoryScope repository;
         RepositoryDatabase.Execute("update [Database Connection] set [Access Method] = 'D'");

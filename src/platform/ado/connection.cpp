@@ -10,9 +10,13 @@ void Connection::Open(std::string_view connectionString) {
 }
 
 Rowset Connection::OpenSchema(SchemaKey key, const Restrictions& restrictions) const {
+    return Opened().OpenSchema(key, restrictions);
+}
+
+Provider& Connection::Opened() const {
     if (!IsOpen())
         throw platform::Error(kObjectIsClosed, "Operation is not allowed when the object is closed.");
-    return provider_->OpenSchema(key, restrictions);
+    return *provider_;
 }
 
 }  // namespace vellumark::ado

@@ -22,7 +22,21 @@ class Connection {
     // Throws kObjectIsClosed, or the provider's error when it has no such rowset.
     Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions = {}) const;
 
+    // A statement as the user's database takes it. Each throws kObjectIsClosed or the database's error.
+    void Execute(std::string_view statement) { Opened().Execute(statement); }
+    // The cursor has no fields when the statement has no rows but only its effect.
+    std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const {
+        return Opened().OpenRecordset(sql);
+    }
+
+    // One transaction at a time. Outside of one each statement stands by itself.
+    void Begin() { Opened().Begin(); }
+    void Commit() { Opened().Commit(); }
+    void Rollback() { Opened().Rollback(); }
+
  private:
+    Provider& Opened() const;
+
     std::unique_ptr<Provider> provider_;
 };
 

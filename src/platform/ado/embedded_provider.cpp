@@ -8,26 +8,6 @@ namespace {
 
 constexpr std::string_view kDriverWord = "Microsoft Access Driver";
 
-dao::Database OpenFile(const ConnectionString& parts) {
-    const std::string& path = parts.Value("DBQ");
-    if (path.empty())
-        throw platform::Error(platform::kFileCannotBeFound,
-                              "The connection string names no database file (DBQ).");
-    return dao::OpenDatabase(path, ";pwd=" + parts.Value("PWD"));
-}
-
-// The name that a position is restricted to, or empty text.
-std::string_view Restriction(const Restrictions& restrictions, std::size_t position) {
-    if (position >= restrictions.size() || !restrictions[position])
-        return {};
-    return *restrictions[position];
-}
-
-bool Passes(std::string_view name, const Restrictions& restrictions, std::size_t position) {
-    const std::string_view wanted = Restriction(restrictions, position);
-    return wanted.empty() || platform::EqualsIgnoringCase(name, wanted);
-}
-
 std::string_view TableType(std::string_view name, std::string_view kind) {
     if (platform::StartsWithIgnoringCase(name, "sqlite_") || platform::StartsWithIgnoringCase(name, "MSys"))
         return "SYSTEM TABLE";
@@ -48,11 +28,19 @@ dao::Value Number(std::optional<int> number) {
 
 }  // namespace
 
-bool EmbeddedProvider::Serves(const ConnectionString& parts) {
+bool EmbeddedProvider::Serves(const platform::ConnectionString& parts) {
     return platform::ContainsIgnoringCase(parts.Value("Driver"), kDriverWord);
 }
 
-EmbeddedProvider::EmbeddedProvider(const ConnectionString& parts) : database_(OpenFile(parts)) {}
+dao::Database EmbeddedProvider::OpenFile(const platform::ConnectionString& parts) {
+    const std::string& path = parts.Value("DBQ");
+    if (path.empty())
+        throw platform::Error(platform::kFileCannotBeFound,
+                              "The connection string names no database file (DBQ).");
+    return dao::OpenDatabase(path, ";pwd=" + parts.Value("PWD"));
+}
+
+EmbeddedProvider::EmbeddedProvider(const platform::ConnectionString& parts) : database_(OpenFile(parts)) {}
 
 Rowset EmbeddedProvider::OpenSchema(SchemaKey key, const Restrictions& restrictions) const {
     switch (key) {

@@ -2,21 +2,30 @@
 
 #include <vector>
 
-#include "platform/ado/connection_string.h"
 #include "platform/ado/provider.h"
+#include "platform/connection_string.h"
 #include "platform/dao/database.h"
+#include "platform/dao/text_runner.h"
 
 namespace vellumark::ado {
 
 // The embedded database, asked for by the Access driver's name and DBQ=path.
 class EmbeddedProvider : public Provider {
  public:
-    static bool Serves(const ConnectionString& parts);
-
+    static bool Serves(const platform::ConnectionString& parts);
     // Throws what dao::OpenDatabase throws.
-    explicit EmbeddedProvider(const ConnectionString& parts);
+    static dao::Database OpenFile(const platform::ConnectionString& parts);
+
+    explicit EmbeddedProvider(const platform::ConnectionString& parts);
 
     Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const override;
+    void Execute(std::string_view statement) override { runner_.Execute(statement); }
+    std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
+        return database_.OpenCursor(sql);
+    }
+    void Begin() override { database_.BeginTrans(); }
+    void Commit() override { database_.CommitTrans(); }
+    void Rollback() override { database_.Rollback(); }
 
  private:
     Rowset Tables(const Restrictions& restrictions) const;
@@ -27,6 +36,7 @@ class EmbeddedProvider : public Provider {
     const std::vector<dao::Relation>& Relations() const;
 
     dao::Database database_;
+    dao::TextRunner runner_{database_};
     // Keys are asked for table by table but can only be read all at once.
     mutable std::vector<dao::Relation> relations_;
     mutable dao::Value relationsVersion_;

@@ -1,36 +1,29 @@
 #include "platform/ado/provider.h"
 
-#include <array>
-#include <utility>
-
-#include "platform/ado/connection_string.h"
 #include "platform/ado/embedded_provider.h"
+#include "platform/ado/odbc_provider.h"
+#include "platform/connection_string.h"
+#include "platform/odbc/driver_string.h"
+#include "platform/text.h"
 
 namespace vellumark::ado {
 
-std::unique_ptr<Provider> OpenProvider(std::string_view connectionString) {
-    const ConnectionString parts(connectionString);
-    if (EmbeddedProvider::Serves(parts))
-        return std::make_unique<EmbeddedProvider>(parts);
-    throw NoProviderError(connectionString);
+std::string_view Restriction(const Restrictions& restrictions, std::size_t position) {
+    if (position >= restrictions.size() || !restrictions[position])
+        return {};
+    return *restrictions[position];
 }
 
-platform::Error NoProviderError(std::string_view connectionString) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> keys = {
-        {{"Driver", "driver"},
-         {"Provider", "provider"},
-         {"DSN", "data source"},
-         {"Data Source", "data source"}}};
-    const ConnectionString parts(connectionString);
-    std::string wanted = "this connection string";
-    for (const auto& [key, word] : keys) {
-        if (parts.Value(key).empty())
-            continue;
-        wanted = "the " + std::string(word) + " '" + parts.Value(key) + "'";
-        break;
-    }
-    return platform::Error(kProviderNotFound,
-                           "Provider cannot be found. No driver is installed for " + wanted + ".");
+bool Passes(std::string_view name, const Restrictions& restrictions, std::size_t position) {
+    const std::string_view wanted = Restriction(restrictions, position);
+    return wanted.empty() || platform::EqualsIgnoringCase(name, wanted);
+}
+
+std::unique_ptr<Provider> OpenProvider(std::string_view connectionString) {
+    const platform::ConnectionString parts(connectionString);
+    if (EmbeddedProvider::Serves(parts))
+        return std::make_unique<EmbeddedProvider>(parts);
+    return std::make_unique<OdbcProvider>(odbc::DriverManagerString(connectionString));
 }
 
 }  // namespace vellumark::ado

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "platform/ado/rowset.h"
+#include "platform/cursor.h"
 #include "platform/error.h"
 
 namespace vellumark::ado {
 
 inline constexpr int kObjectIsClosed = 3704;
-inline constexpr int kProviderNotFound = 3706;
 
 // What a provider can be asked about its database, with the fields that a reader finds:
 // Tables       TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE
@@ -29,20 +29,27 @@ enum class SchemaKey { Columns = 4, Indexes = 12, Tables = 20, ForeignKeys = 27 
 // ForeignKeys  the parent's catalog, schema, table, then the child's
 using Restrictions = std::vector<std::optional<std::string>>;
 
-// The driver behind an open connection: one class for each kind of database. It closes itself.
+// The name that a position is restricted to, or empty text.
+std::string_view Restriction(const Restrictions& restrictions, std::size_t position);
+bool Passes(std::string_view name, const Restrictions& restrictions, std::size_t position);
+
+// The driver behind an open connection: one class for each kind of database. It closes itself. Its calls do
+// what those of Connection do.
 class Provider {
  public:
     virtual ~Provider() = default;
 
     // Throws platform::Error when the database reports no such thing.
     virtual Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const = 0;
+    virtual void Execute(std::string_view statement) = 0;
+    virtual std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const = 0;
+    virtual void Begin() = 0;
+    virtual void Commit() = 0;
+    virtual void Rollback() = 0;
 };
 
-// Opens the database that a connection string names. Throws the database's own error, or kProviderNotFound
-// when no driver is there for the string.
+// Opens the database that a connection string names. Throws the database's own error, or
+// platform::kProviderNotFound when no driver is there for the string.
 std::unique_ptr<Provider> OpenProvider(std::string_view connectionString);
-
-// kProviderNotFound, naming what the string asks for but none of its secrets.
-platform::Error NoProviderError(std::string_view connectionString);
 
 }  // namespace vellumark::ado

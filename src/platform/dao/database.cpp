@@ -2,8 +2,12 @@
 
 #include <filesystem>
 
+#include "platform/connection_string.h"
 #include "platform/dao/jet_sql.h"
+#include "platform/dao/odbc_link.h"
+#include "platform/dao/statement_cursor.h"
 #include "platform/error.h"
+#include "platform/odbc/driver_string.h"
 #include "platform/text.h"
 
 namespace vellumark::dao {
@@ -37,6 +41,13 @@ std::string PasswordIn(std::string_view connect) {
                                                           : std::string();
 }
 
+std::vector<std::string> Texts(const Parameters& parameters) {
+    std::vector<std::string> texts;
+    for (const Parameter& parameter : parameters)
+        texts.push_back(ToText(parameter.Get()));
+    return texts;
+}
+
 void CheckContent(const Database& database, std::string_view connect) {
     try {
         database.Lookup("select count(*) from sqlite_master");
@@ -57,18 +68,54 @@ void CheckContent(const Database& database, std::string_view connect) {
 Database::Database(ConnectionHandle connection, std::string path)
     : connection_(std::move(connection)), path_(std::move(path)) {}
 
+Database::Database(std::shared_ptr<OdbcLink> link) : link_(std::move(link)) {}
+
 void Database::Close() {
     connection_.reset();
+    link_.reset();
 }
 
 void Database::Execute(std::string_view sql, const Parameters& parameters) const {
+    if (link_ && parameters.empty())
+        return link_->Connection().Execute(sql);
+    if (link_) {
+        link_->Connection().Query(sql, Texts(parameters));
+        return;
+    }
     Statement statement = Prepare(TranslateJetSql(sql));
     statement.BindAll(parameters);
     statement.Execute();
 }
 
 Recordset Database::OpenRecordset(std::string_view source, const Parameters& parameters) const {
-    return Recordset(*this, source, parameters);
+    if (!link_)
+        return Recordset(*this, source, parameters);
+    const std::string sql = IsSelect(source) ? std::string(source) : "select * from " + std::string(source);
+    return Recordset(*link_->Connection().Query(sql, Texts(parameters)));
+}
+
+std::unique_ptr<platform::Cursor> Database::OpenCursor(std::string_view sql) const {
+    if (link_)
+        return link_->Connection().Query(sql);
+    return std::make_unique<StatementCursor>(Prepare(TranslateJetSql(sql)));
+}
+
+void Database::BeginTrans() const {
+    if (link_)
+        return link_->Connection().Begin();
+    Run(Handle(), "begin immediate");
+}
+
+void Database::CommitTrans() const {
+    if (link_)
+        return link_->Connection().Commit();
+    Run(Handle(), "commit");
+}
+
+void Database::Rollback() const {
+    if (link_)
+        return link_->Connection().Rollback();
+    Run(Handle(), "rollback");
 }
 
 Recordset Database::OpenForAppend(std::string_view table) const {
@@ -76,7 +123,7 @@ Recordset Database::OpenForAppend(std::string_view table) const {
 }
 
 Statement Database::Prepare(std::string_view sql) const {
-    if (!IsOpen())
+    if (!IsEmbedded())
         throw Error(platform::kNoCurrentRecord, "The database is not open.");
     return Statement(connection_.get(), sql);
 }
@@ -104,6 +151,13 @@ Database OpenDatabase(const std::string& path, std::string_view connect, const O
     CheckContent(database, connect);
     Run(database.Handle(), options.ownStore ? "pragma synchronous=normal" : "pragma foreign_keys=on");
     return database;
+}
+
+Database OpenOdbcDatabase(std::string_view dsn, std::string_view connect) {
+    std::string text(connect);
+    if (!odbc::NamesSource(platform::ConnectionString(connect)))
+        text.insert(0, "DSN=" + platform::WrittenValue(dsn) + ";");
+    return Database(std::make_shared<OdbcLink>(odbc::DriverManagerString(text)));
 }
 
 void CreateDatabase(const std::string& path, std::string_view password, bool ownStore) {

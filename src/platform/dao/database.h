@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/cursor.h"
 #include "platform/dao/recordset.h"
 #include "platform/dao/statement.h"
 #include "platform/dao/table_def.h"
@@ -18,20 +19,44 @@ struct OpenOptions {
     bool ownStore = false;
 };
 
-// An open embedded database. Movable; closes itself.
+class OdbcLink;
+
+// An open database: an embedded one, or one behind an ODBC data source. Movable; closes itself.
 class Database {
  public:
     Database() = default;
     explicit Database(ConnectionHandle connection, std::string path);
+    explicit Database(std::shared_ptr<OdbcLink> link);
 
-    bool IsOpen() const { return connection_ != nullptr; }
+    bool IsOpen() const { return IsEmbedded() || link_ != nullptr; }
+    bool IsEmbedded() const { return connection_ != nullptr; }
     void Close();
+    // Empty for a data source.
     const std::string& Path() const { return path_; }
 
-    // One statement in the data engine's dialect; "?" takes the parameters in turn.
+    // One statement in the data engine's dialect, or in the data source's own; "?" takes the parameters in
+    // turn.
     void Execute(std::string_view sql, const Parameters& parameters = {}) const;
-    // A table's name or a select statement.
+    // A table's name or a select statement. The rows of a data source are texts and can't be changed.
     Recordset OpenRecordset(std::string_view source, const Parameters& parameters = {}) const;
+    // The rows of a select statement, not held in memory.
+    std::unique_ptr<platform::Cursor> OpenCursor(std::string_view sql) const;
+
+    // One transaction at a time, for statements of the user's; our own bulk work takes a Transaction.
+    void BeginTrans() const;
+    void CommitTrans() const;
+    void Rollback() const;
+
+    // Tables in the order they were made, without the engine's own. Those of a data source are called
+    // "owner.table" and have neither indexes nor relations.
+    std::vector<std::string> TableNames() const;
+    // Throws kNoSuchItem for an unknown name.
+    TableDef TableDefinition(std::string_view name) const;
+    std::vector<TableDef> TableDefs() const;
+    std::vector<Relation> Relations() const;
+
+    // From here on, what changes tables and looks inside works on an embedded database only.
+
     // An empty recordset on a table, for AddNew alone.
     Recordset OpenForAppend(std::string_view table) const;
     // A statement in SQLite's dialect, for work that repeats.
@@ -39,13 +64,7 @@ class Database {
     // The first column of the first row; Null when there is none.
     Value Lookup(std::string_view sql, const Parameters& parameters = {}) const;
 
-    // Tables in the order they were made, without the engine's own.
-    std::vector<std::string> TableNames() const;
     bool HasTable(std::string_view name) const;
-    // Throws kNoSuchItem for an unknown name.
-    TableDef TableDefinition(std::string_view name) const;
-    std::vector<TableDef> TableDefs() const;
-    std::vector<Relation> Relations() const;
     void CreateTable(const TableDef& table) const;
     void AddField(std::string_view table, const Field& field) const;
     void DropTable(std::string_view table) const;
@@ -55,12 +74,17 @@ class Database {
  private:
     ConnectionHandle connection_;
     std::string path_;
+    std::shared_ptr<OdbcLink> link_;
 };
 
 // Opens an existing file. `connect` is ";pwd=..." or empty. Throws kFileCannotBeFound, kUnrecognizedFormat,
 // kNotAValidPassword, kCannotOpenFile, kLocked.
 Database OpenDatabase(const std::string& path, std::string_view connect = "",
                       const OpenOptions& options = {});
+
+// Opens a data source by its name and a connection string, whose own data source or driver goes first. Throws
+// kProviderNotFound or the driver's error.
+Database OpenOdbcDatabase(std::string_view dsn, std::string_view connect);
 
 // Makes an empty file, which must not exist yet; a password other than "" must be given at each open.
 void CreateDatabase(const std::string& path, std::string_view password = "", bool ownStore = false);

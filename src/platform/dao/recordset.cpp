@@ -13,10 +13,6 @@ namespace {
 
 using platform::Error;
 
-bool IsSelect(std::string_view source) {
-    return platform::StartsWithIgnoringCase(platform::Trim(source), "select");
-}
-
 // The same statement with the row's key in front, or empty text when its rows aren't those of one table.
 std::string WithRowId(const std::string& sql) {
     constexpr std::string_view start = "select * from [";
@@ -36,6 +32,10 @@ std::string TableIn(std::string_view sql) {
 }
 
 }  // namespace
+
+bool IsSelect(std::string_view source) {
+    return platform::StartsWithIgnoringCase(platform::Trim(source), "select");
+}
 
 Recordset::Recordset(const Database& database, std::string_view source, const Parameters& parameters)
     : connection_(database.Handle()) {
@@ -61,6 +61,15 @@ Recordset::Recordset(const Database& database, std::string_view table)
     const Statement statement = database.Prepare("select * from " + Bracketed(table));
     for (int i = 0; i < statement.ColumnCount(); ++i)
         fields_.emplace_back(statement.ColumnName(i));
+}
+
+Recordset::Recordset(platform::Cursor& rows) : fields_(rows.FieldNames()) {
+    while (rows.Next()) {
+        Row row{0, {}};
+        for (std::size_t column = 0; column < fields_.size(); ++column)
+            row.values.push_back(rows.IsNull(column) ? Value() : Value(std::string(rows.Text(column))));
+        rows_.push_back(std::move(row));
+    }
 }
 
 void Recordset::Load(Statement statement, bool withRowId) {

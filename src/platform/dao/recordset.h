@@ -7,12 +7,16 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/cursor.h"
 #include "platform/dao/statement.h"
 #include "platform/dao/value.h"
 
 namespace vellumark::dao {
 
 class Database;
+
+// True when a recordset's source is a statement and no table's name.
+bool IsSelect(std::string_view source);
 
 // The rows of a table or a select statement, held in memory, with a current row. Rows of a single table can
 // be added, edited and deleted. Must not outlive the open database. Reading a field where no row stands
@@ -22,6 +26,8 @@ class Recordset {
     Recordset(const Database& database, std::string_view source, const Parameters& parameters);
     // Holds no rows: for adding.
     Recordset(const Database& database, std::string_view table);
+    // Holds the rows' texts; they can't be changed.
+    explicit Recordset(platform::Cursor& rows);
 
     bool IsEOF() const { return at_ >= Size(); }
     bool IsBOF() const { return at_ < 0; }
@@ -65,7 +71,7 @@ class Recordset {
     void Insert();
     void Change();
 
-    sqlite3* connection_;
+    sqlite3* connection_ = nullptr;
     std::string table_;  // empty when the rows can't be changed
     std::vector<std::string> fields_;
     std::vector<Row> rows_;

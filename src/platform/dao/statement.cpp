@@ -95,6 +95,10 @@ void Statement::BindUnowned(int index, std::string_view text) {
         sqlite3_bind_text64(handle_.get(), index + 1, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8));
 }
 
+void Statement::BindInteger(int index, std::int64_t value) {
+    Check(sqlite3_bind_int64(handle_.get(), index + 1, value));
+}
+
 void Statement::BindAll(const Parameters& parameters) {
     for (std::size_t i = 0; i < parameters.size(); ++i)
         Bind(static_cast<int>(i), parameters[i].Get());

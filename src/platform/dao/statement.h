@@ -32,6 +32,7 @@ class Statement {
     // The view is copied by Bind; BindUnowned leaves it to the caller to keep the text until Reset.
     void Bind(int index, const Value& value);
     void BindUnowned(int index, std::string_view text);
+    void BindInteger(int index, std::int64_t value);
     void BindAll(const Parameters& parameters);
 
     // True when a row stands ready.
@@ -43,7 +44,10 @@ class Statement {
     int ColumnCount() const { return sqlite3_column_count(handle_.get()); }
     std::string_view ColumnName(int column) const { return sqlite3_column_name(handle_.get(), column); }
     Value ColumnValue(int column) const;
+    bool ColumnIsNull(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_NULL; }
     std::int64_t ColumnInteger(int column) const { return sqlite3_column_int64(handle_.get(), column); }
+    bool ColumnIsReal(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_FLOAT; }
+    double ColumnReal(int column) const { return sqlite3_column_double(handle_.get(), column); }
     // Valid until the next Step or Reset. Null reads as empty.
     std::string_view ColumnText(int column) const;
     bool IsReadOnly() const { return sqlite3_stmt_readonly(handle_.get()) != 0; }

@@ -5,6 +5,7 @@
 
 #include "platform/dao/database.h"
 #include "platform/dao/jet_sql.h"
+#include "platform/dao/odbc_link.h"
 #include "platform/error.h"
 #include "platform/text.h"
 
@@ -104,6 +105,8 @@ std::string Declaration(const Field& field) {
 }  // namespace
 
 std::vector<std::string> Database::TableNames() const {
+    if (link_)
+        return link_->TableNames();
     std::vector<std::string> names;
     Statement list = Prepare(
         "select name from sqlite_master where type = 'table' and name not like 'sqlite\\_%' escape '\\' "
@@ -114,6 +117,8 @@ std::vector<std::string> Database::TableNames() const {
 }
 
 TableDef Database::TableDefinition(std::string_view name) const {
+    if (link_)
+        return link_->TableDefinition(name);
     const Value stored =
         Lookup("select name from sqlite_master where type = 'table' and name = ? collate nocase", {name});
     if (dao::IsNull(stored))
@@ -130,6 +135,8 @@ TableDef Database::TableDefinition(std::string_view name) const {
 }
 
 std::vector<TableDef> Database::TableDefs() const {
+    if (link_)
+        return link_->TableDefs();
     std::vector<TableDef> tables;
     for (const std::string& name : TableNames())
         tables.push_back(TableDefinition(name));
@@ -138,6 +145,8 @@ std::vector<TableDef> Database::TableDefs() const {
 
 std::vector<Relation> Database::Relations() const {
     std::vector<Relation> relations;
+    if (link_)
+        return relations;
     for (const std::string& table : TableNames())
         for (auto& [id, relation] : ReadForeignKeys(*this, table))
             relations.push_back(std::move(relation));

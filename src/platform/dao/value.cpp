@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "platform/error.h"
+#include "platform/number_text.h"
 
 namespace vellumark::dao {
 
@@ -20,12 +21,6 @@ double NumberIn(const std::string& text) {
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
     return number;
-}
-
-std::string ShortestText(double number) {
-    char buffer[32];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
-    return std::string(buffer, result.ptr);
 }
 
 }  // namespace
@@ -50,7 +45,7 @@ std::string ToText(const Value& value) {
     if (const auto* integer = std::get_if<std::int64_t>(&value))
         return std::to_string(*integer);
     if (const auto* real = std::get_if<double>(&value))
-        return ShortestText(*real);
+        return platform::NumberText(*real);
     if (const auto* text = std::get_if<std::string>(&value))
         return *text;
     if (const auto* blob = std::get_if<Blob>(&value))

@@ -2,23 +2,32 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-namespace vellumark::ado {
+namespace vellumark::platform {
 
 // The parts of "key=value;key={value}". Keys compare without regard to case; blanks around keys and values
 // don't count; between braces a semicolon is an ordinary character and "}}" means one brace. Of equal keys
 // the first holds, and a part without "=" is passed over.
 class ConnectionString {
  public:
+    struct Part {
+        std::string key;
+        std::string value;
+        std::string written;  // the value with the braces it came in
+    };
+
     explicit ConnectionString(std::string_view text);
 
     // Empty text when the key is missing.
     const std::string& Value(std::string_view key) const;
+    const std::vector<Part>& Parts() const { return parts_; }
 
  private:
-    std::vector<std::pair<std::string, std::string>> parts_;
+    std::vector<Part> parts_;
 };
 
-}  // namespace vellumark::ado
+// The value as a connection string carries it: in braces when it needs them.
+std::string WrittenValue(std::string_view value);
+
+}  // namespace vellumark::platform

@@ -1,17 +1,17 @@
-#include "platform/ado/connection_string.h"
+#include "platform/connection_string.h"
 
 #include <algorithm>
 
 #include "platform/text.h"
 
-namespace vellumark::ado {
+namespace vellumark::platform {
 
 namespace {
 
 // Takes the text up to the next semicolon off the front, and the semicolon.
 std::string TakePlainValue(std::string_view& text) {
     const std::size_t end = text.find(';');
-    const std::string value(platform::Trim(text.substr(0, end)));
+    const std::string value(Trim(text.substr(0, end)));
     text.remove_prefix(end == text.npos ? text.size() : end + 1);
     return value;
 }
@@ -38,21 +38,30 @@ ConnectionString::ConnectionString(std::string_view text) {
         const std::size_t keyEnd = text.find_first_of("=;");
         if (keyEnd == text.npos)
             return;
-        const std::string key(platform::Trim(text.substr(0, keyEnd)));
+        const std::string key(Trim(text.substr(0, keyEnd)));
         const bool hasValue = text[keyEnd] == '=';
         text.remove_prefix(keyEnd + 1);
         if (!hasValue)
             continue;
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-        parts_.emplace_back(key, text.starts_with('{') ? TakeBracedValue(text) : TakePlainValue(text));
+        const std::string_view rest = text;
+        std::string value = text.starts_with('{') ? TakeBracedValue(text) : TakePlainValue(text);
+        std::string_view written = rest.substr(0, rest.size() - text.size());
+        written.remove_suffix(written.ends_with(';') ? 1 : 0);
+        parts_.push_back({key, std::move(value), std::string(Trim(written))});
     }
 }
 
 const std::string& ConnectionString::Value(std::string_view key) const {
     static const std::string missing;
-    const auto found = std::ranges::find_if(
-        parts_, [&](const auto& part) { return platform::EqualsIgnoringCase(part.first, key); });
-    return found == parts_.end() ? missing : found->second;
+    const auto found =
+        std::ranges::find_if(parts_, [&](const Part& part) { return EqualsIgnoringCase(part.key, key); });
+    return found == parts_.end() ? missing : found->value;
 }
 
-}  // namespace vellumark::ado
+std::string WrittenValue(std::string_view value) {
+    const bool plain = value.find_first_of(";{}") == value.npos && Trim(value) == value;
+    return plain ? std::string(value) : '{' + Replace(value, "}", "}}") + '}';
+}
+
+}  // namespace vellumark::platform

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/cursor.h"
+#include "platform/odbc/handle.h"
+
+namespace vellumark::odbc {
+
+// An open connection through an ODBC driver; it closes itself. Every call may throw what ThrowDiagnostics
+// throws.
+class Connection {
+ public:
+    // Takes a string for the driver manager, as DriverManagerString makes it.
+    explicit Connection(const std::string& connectionString);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    // One statement, or several where the database takes them so; rows that it gives are thrown away.
+    void Execute(std::string_view sql);
+    // "?" takes the parameters in turn.
+    std::unique_ptr<platform::Cursor> Query(std::string_view sql,
+                                            const std::vector<std::string>& parameters = {}) const;
+
+    // From Begin to Commit or Rollback nothing is certain; outside, each statement stands by itself.
+    void Begin();
+    void Commit() { EndTransaction(SQL_COMMIT); }
+    void Rollback() { EndTransaction(SQL_ROLLBACK); }
+
+    // Text items of SQLGetInfo; empty when the driver doesn't know.
+    std::string Info(SQLUSMALLINT item) const;
+    // Empty when the database has no catalogs or none is chosen.
+    std::string CurrentCatalog() const;
+
+    Handle NewStatement() const { return NewHandle(SQL_HANDLE_STMT, connection_.get()); }
+
+ private:
+    void SetAutocommit(bool on);
+    void EndTransaction(SQLSMALLINT how);
+
+    Handle environment_;
+    Handle connection_;
+    Handle executor_;  // used for one statement after the other
+};
+
+}  // namespace vellumark::odbc

@@ -1,0 +1,51 @@
+#include "platform/connection_string.h"
+
+#include <gtest/gtest.h>
+
+namespace vellumark::platform {
+namespace {
+
+TEST(ConnectionStringTest, FindsValues) {
+    const struct {
+        std::string_view text, key, value;
+    } cases[] = {
+        {"DSN=a;UID=b;PWD=c", "uid", "b"},
+        {"server=s;DATABASE=d;Provider = sqloledb", "PROVIDER", "sqloledb"},
+        {"Provider = DB2OLEDB;PWD=;DATABASE=x", "pwd", ""},
+        {"Provider = DB2OLEDB;PWD=;DATABASE=x", "database", "x"},
+        {"driver={Microsoft Access Driver (*.mdb)};DBQ=/a b/c=d.mdb", "Driver",
+         "Microsoft Access Driver (*.mdb)"},
+        {"driver={Microsoft Access Driver (*.mdb)};DBQ=/a b/c=d.mdb", "dbq", "/a b/c=d.mdb"},
+        {"PWD={a;b}}c} ;UID=u", "PWD", "a;b}c"},
+        {"PWD={a;b}}c} ;UID=u", "UID", "u"},
+        {"PWD= {open;x", "PWD", "open;x"},
+        {"ODBC;DSN=a", "DSN", "a"},
+        {"DSN=first;dsn=second", "DSN", "first"},
+        {"DSN=a", "ServerName", ""},
+        {"DSN = ", "DSN", ""},
+        {"DSN", "DSN", ""},
+        {"", "DSN", ""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ConnectionString(c.text).Value(c.key), c.value) << c.text << " " << c.key;
+}
+
+TEST(ConnectionStringTest, KeepsValuesAsWritten) {
+    const ConnectionString parts("ODBC;Driver = {Some Driver} ;PWD={a;b}}c};UID= u ;X=");
+    std::string text;
+    for (const ConnectionString::Part& part : parts.Parts())
+        text += part.key + "=" + part.written + "|";
+    EXPECT_EQ(text, "Driver={Some Driver}|PWD={a;b}}c}|UID=u|X=|");
+}
+
+TEST(ConnectionStringTest, WritesAnyValue) {
+    for (const std::string value : {"plain", "a;b", "}", "{x}", " blank ", "a}b;c", "p@ss=word", ""}) {
+        const std::string text = "A=" + WrittenValue(value) + ";B=2";
+        EXPECT_EQ(ConnectionString(text).Value("A"), value) << text;
+        EXPECT_EQ(ConnectionString(text).Value("B"), "2") << text;
+    }
+    EXPECT_EQ(WrittenValue("p@ss=word"), "p@ss=word");
+}
+
+}  // namespace
+}  // namespace vellumark::platform

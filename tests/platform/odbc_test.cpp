@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include "platform/ado/connection.h"
+#include "platform/dao/database.h"
+#include "platform/error.h"
+#include "platform/odbc/driver_string.h"
+#include "platform/odbc/sources.h"
+#include "temp_folder.h"
+
+namespace vellumark::odbc {
+namespace {
+
+using platform::Error;
+
+const Installed kMachine{
+    {"FreeTDS", "ODBC Driver 17 for SQL Server", "ODBC Driver 18 for SQL Server", "Oracle 21 ODBC driver",
+     "IBM DB2 ODBC DRIVER", "PostgreSQL Unicode", "MariaDB Unicode", "SQLite3"},
+    {{"orders", "PostgreSQL Unicode"}, {"ledger", "/opt/acme/libacme.so"}}};
+const Installed kWithFreeTds{{"FreeTDS", "SQLite3"}, {}};
+
+std::string Outcome(std::string_view text, const Installed& installed) {
+    try {
+        return DriverManagerString(text, installed);
+    } catch (const Error& error) {
+        return error.Line();
+    }
+}
+
+TEST(DriverStringTest, FindsTheDriver) {
+    const std::string postgres = ";Protocol=7.4-0;UseServerSidePrepare=0;BoolsAsChar=0";
+    const struct {
+        std::string text, expected;
+    } cases[] = {
+        {"server=s;UID=sa;PWD={a;b};DATABASE=d;Provider = sqloledb",
+         "DRIVER={ODBC Driver 18 for SQL Server};SERVER=s;DATABASE=d;UID=sa;PWD={a;b}"},
+        {"Provider = DB2OLEDB;PWD=p;DATABASE=d;UID=u;SERVER = db2gateway",
+         "DRIVER={IBM DB2 ODBC DRIVER};HOSTNAME=db2gateway;PORT=50000;PROTOCOL=TCPIP;DATABASE=d;UID=u;PWD=p"},
+        {"User Id=u;Password=p;Data Source=tns;Provider = MSDAORA;server=",
+         "DRIVER={Oracle 21 ODBC driver};DBQ=tns;UID=u;PWD=p"},
+        {"User Id=u;Password=p;Data Source=shop;Provider = msdaora;server=host",
+         "DRIVER={Oracle 21 ODBC driver};DBQ=//host/shop;UID=u;PWD=p"},
+        {"User Id=u;Password=p;Data Source=Orders;server=", "UID=u;PWD=p;DSN=Orders" + postgres},
+        {"Provider=MSDASQL.1;Password=p;Data Source=ledger", "PWD=p;DSN=ledger"},
+        {"ODBC;DSN=orders;UID=;PWD=;DATABASE=", "DSN=orders" + postgres},
+        {"DSN=orders;BOOLSASCHAR=1", "DSN=orders;BOOLSASCHAR=1;Protocol=7.4-0;UseServerSidePrepare=0"},
+        {"Driver = {MariaDB Unicode};SERVER=s;PWD={}};}",
+         "Driver={MariaDB Unicode};SERVER=s;PWD={}};};NO_SSPS=1"},
+        {"DRIVER=sqlite3;Database=/x.db", "DRIVER=sqlite3;Database=/x.db;FKSupport=1;NoCreat=1"},
+        {"DRIVER=/opt/acme/libacme.so;Data Source=x", "DRIVER=/opt/acme/libacme.so;Data Source=x"},
+        {"FILEDSN=/x.dsn;PWD=p", "FILEDSN=/x.dsn;PWD=p"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Outcome(c.text, kMachine), c.expected) << c.text;
+    EXPECT_EQ(Outcome("Provider=SQLOLEDB;Server=s;UID=u", kWithFreeTds),
+              "DRIVER={FreeTDS};SERVER=s;PORT=1433;UID=u");
+    EXPECT_EQ(Outcome("Provider=SQLOLEDB;Server={s,1500}", kWithFreeTds), "DRIVER={FreeTDS};SERVER=s,1500");
+}
+
+TEST(DriverStringTest, SaysWhatIsMissing) {
+    const std::string start = "Error: 3706 Provider cannot be found. ";
+    const std::string installed = " Installed are: FreeTDS, SQLite3.";
+    const struct {
+        std::string text, expected;
+    } cases[] = {
+        {"Provider = MSDAORA;Password=secret",
+         "No driver is installed for the provider 'MSDAORA'. Please install Oracle's Instant Client with its "
+         "ODBC "
+         "part." +
+             installed},
+        {"Provider=Acme;PWD=secret", "No driver is installed for the provider 'Acme'." + installed},
+        {"Driver={PostgreSQL Unicode};PWD=secret",
+         "No driver is installed for the driver 'PostgreSQL Unicode'. Please install the package "
+         "odbc-postgresql." +
+             installed},
+        {"DSN=shop;PWD=secret", "No data source 'shop' is set up. Please define it in odbc.ini."},
+        {"User Id=u;Password=secret;Data Source=;server=s",
+         "The connection string names no driver and no data source."},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Outcome(c.text, kWithFreeTds), start + c.expected) << c.text;
+    EXPECT_EQ(Outcome("Provider=sqloledb", {}),
+              start +
+                  "No driver is installed for the provider 'sqloledb'. Please install the package tdsodbc or "
+                  "Microsoft's msodbcsql18.");
+}
+
+TEST(OdbcSourcesTest, ListsWhatIsSetUp) {
+    EXPECT_EQ(Drivers(), (std::vector<std::string>{"SQLite3", "Ghost Driver"}));
+    std::string sources;
+    for (const DataSource& source : DataSources())
+        sources += source.name + "|" + source.driver + "\n";
+    EXPECT_EQ(sources, "ghosts|Ghost Driver\nshop|SQLite3\n");
+}
+
+TEST(OdbcSourcesTest, OpensByNameUnderBothProtocols) {
+    const test::TempFolder folder;
+    const std::string path = folder.Path("x.db");
+    dao::CreateDatabase(path);
+    ado::Connection connection;
+    connection.Open("User Id=;Password=;Data Source=shop;server=;Database=" + path);
+    connection.Execute("create table T (A integer)");
+    const dao::Database database = dao::OpenOdbcDatabase("shop", "ODBC;DATABASE=" + path + ";PWD=");
+    EXPECT_FALSE(database.IsEmbedded());
+    EXPECT_EQ(database.TableNames(), (std::vector<std::string>{"MSysProperties", "T"}));
+}
+
+TEST(OdbcSourcesTest, TellsOfABrokenDriverAndAMissingFile) {
+    const auto error = [](const std::string& text) {
+        try {
+            ado::Connection().Open(text);
+        } catch (const Error& failure) {
+            return failure.Line();
+        }
+        return std::string("opened");
+    };
+    EXPECT_EQ(error("DSN=ghosts;PWD=secret"),
+              "Error: 3146 [01000] [unixODBC][Driver Manager]Can't open lib '/nowhere/libghost.so' : file "
+              "not found");
+    EXPECT_TRUE(
+        error("DSN=shop;DATABASE=/nowhere/x.db;PWD=secret").starts_with("Error: 14 [HY000] [SQLite]"));
+}
+
+}  // namespace
+}  // namespace vellumark::odbc
