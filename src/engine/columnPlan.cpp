@@ -192,7 +192,15 @@ void ReadRule(ColumnPlan& column, const dao::Recordset& rule, const RunOptions& 
                        options.valueTooLargeNumber};
 }
 
-ColumnPlan ReadColumnRule(const dao::Recordset& rule, const TablePlan& table, const ValueContext& context) {
+// What an earlier pass has made and finished.
+void PlanStored(ColumnPlan& column) {
+    column.kind = ValueKind::Stored;
+    column.number = {};
+    column.finished = true;
+}
+
+ColumnPlan ReadColumnRule(const dao::Recordset& rule, const TablePlan& table, const ValueContext& context,
+                          MarkedColumns marked) {
     ColumnPlan column;
     ReadRule(column, rule, *context.options);
     ReadColumn(column, OpenColumn(table.tableId, column.columnId));
@@ -201,6 +209,10 @@ ColumnPlan ReadColumnRule(const dao::Recordset& rule, const TablePlan& table, co
     if (column.dataType) {
         column.outputPattern = OutputPattern(rule, *column.dataType, context);
         column.quote = QuoteOf(rule, *column.dataType, *context.options);
+    }
+    if (column.marked && marked == MarkedColumns::Stored) {
+        PlanStored(column);
+        return column;
     }
     PlanValue(column, table, rule, context);
     PlanFinish(column, table);
@@ -230,14 +242,15 @@ TablePlan ReadTableRule(const dao::Recordset& rule) {
     return plan;
 }
 
-void ReadColumnRules(TablePlan& table, std::string_view condition, ValueContext& context) {
+void ReadColumnRules(TablePlan& table, std::string_view condition, ValueContext& context,
+                     MarkedColumns marked) {
     dao::Recordset rules = RepositoryDatabase.OpenRecordset(
         "select * from [TSO Insert Column Rule] where [FK DBS Id] = ? and [FK TAB Id] = ? and [FK TTR Id] = ?"
         " and [FK TSO Id] = ? and " +
             std::string(condition) + " order by [Sort Order] asc",
         {CurrentDBSId, table.tableId, table.ruleId, CurrentTSOId});
     for (; !rules.IsEOF(); rules.MoveNext())
-        table.columns.push_back(ReadColumnRule(rules, table, context));
+        table.columns.push_back(ReadColumnRule(rules, table, context, marked));
 }
 
 }  // namespace vellumark

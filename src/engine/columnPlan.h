@@ -35,7 +35,7 @@ struct NumberPlan {
     bool HasEffect() const;
 };
 
-enum class ValueKind { Fixed, Reader, NameAndNumber, Number, Date, Time, Timestamp, Boolean };
+enum class ValueKind { Fixed, Stored, Reader, NameAndNumber, Number, Date, Time, Timestamp, Boolean };
 
 struct ColumnPlan {
     int ruleId = 0;
@@ -52,6 +52,7 @@ struct ColumnPlan {
     NumberPlan number;
     ValueKind kind = ValueKind::Fixed;
     std::string text;                                      // the value of Fixed
+    std::size_t storedPlace = 0;                           // of Stored, in the Working database's rows
     std::array<std::string, 2> literals;                   // True and False of Boolean
     MovingMoment moment;                                   // of Date and Timestamp
     platform::MoveUnit unit = platform::MoveUnit::Second;  // of Time
@@ -83,20 +84,27 @@ struct TablePlan {
     std::vector<ColumnPlan> columns;
 };
 
+class WorkingReader;
+
 // What values are made with.
 struct ValueContext {
     const RunOptions* options = nullptr;
     TargetFormat format = TargetFormat::Delimited;
     RandomStream* random = nullptr;
-    NumberText rangeDigits;  // of the row's number in the rule's range
-    NumberText ownDigits;    // of a column's own number
-    std::string scratch;     // for values that take more than one step
+    const WorkingReader* stored = nullptr;  // stands on the row under way
+    NumberText rangeDigits;                 // of the row's number in the rule's range
+    NumberText ownDigits;                   // of a column's own number
+    std::string scratch;                    // for values that take more than one step
 };
 
 // The rule without its columns. Throws kNoCurrentRecord when its table is gone.
 TablePlan ReadTableRule(const dao::Recordset& rule);
 
+// Where the values of marked columns come from.
+enum class MarkedColumns { Made, Stored };
+
 // Adds the Column rules that `condition` picks, in `Sort Order`.
-void ReadColumnRules(TablePlan& table, std::string_view condition, ValueContext& context);
+void ReadColumnRules(TablePlan& table, std::string_view condition, ValueContext& context,
+                     MarkedColumns marked);
 
 }  // namespace vellumark

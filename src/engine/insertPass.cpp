@@ -2,26 +2,20 @@
 
 #include "engine/modInsertText.h"
 #include "engine/rowSequence.h"
+#include "engine/workingPass.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "repository/modVellumark.h"
 
 namespace vellumark {
 
-namespace {
-
-constexpr std::string_view kNoTables =
-    "No tables were selected in this scenario for data generation!\n\n"
-    "Edit the scenario and drag and drop the desired tables to the right hand tree to select them.";
-
-}  // namespace
-
 InsertPass::InsertPass(const OutputChoice& choice, const RunOptions& options, RunProgress& progress,
-                       StatementTarget* target)
+                       StatementTarget* target, const WorkingDatabase* working)
     : choice_(choice),
-      context_{&options, choice.format, &SessionRandomStream(), {}, {}, {}},
+      context_{&options, choice.format, &SessionRandomStream(), nullptr, {}, {}, {}},
       progress_(progress),
       target_(target),
+      working_(working),
       ticker_(progress) {}
 
 bool InsertPass::Run() {
@@ -69,7 +63,7 @@ bool InsertPass::MakeRules() {
         " and [Flag Use Generated Data] = True order by [Sort Order] asc",
         {CurrentDBSId, CurrentTSOId});
     if (rules.IsEOF())
-        platform::ShowInformation(std::string(kNoTables));
+        platform::ShowInformation(kNoTablesSelected);
     for (; !rules.IsEOF(); rules.MoveNext()) {
         TablePlan table = ReadTableRule(rules);
         if (table.quantity > 0 && !MakeRule(table))
@@ -79,10 +73,13 @@ bool InsertPass::MakeRules() {
 }
 
 bool InsertPass::MakeRule(TablePlan& table) {
-    ReadColumnRules(table, "[Flag Exclude] = False", context_);
+    ReadColumnRules(table, "[Flag Exclude] = False", context_,
+                    working_ == nullptr ? MarkedColumns::Made : MarkedColumns::Stored);
+    std::optional<WorkingReader> stored = OpenStored(table);
+    context_.stored = stored ? &*stored : nullptr;
     RowMaker maker(table, context_, Form());
     try {
-        return MakeRows(maker, table) != RowOutcome::Failed;
+        return MakeRows(maker, table, stored ? &*stored : nullptr) != RowOutcome::Failed;
     } catch (const platform::Error&) {
         sqlInHand_ = maker.SqlInHand();
         KeepFailedStatement();
@@ -90,8 +87,29 @@ bool InsertPass::MakeRule(TablePlan& table) {
     }
 }
 
-RowOutcome InsertPass::MakeRows(RowMaker& maker, const TablePlan& table) {
+// One cursor over the stored columns that the rule prints.
+std::optional<WorkingReader> InsertPass::OpenStored(TablePlan& table) {
+    std::vector<std::string> names;
+    for (ColumnPlan& column : table.columns) {
+        if (column.kind != ValueKind::Stored)
+            continue;
+        column.storedPlace = names.size();
+        names.push_back(column.name);
+    }
+    if (names.empty())
+        return std::nullopt;
+    return WorkingReader(*working_, table, names);
+}
+
+RowOutcome InsertPass::MakeRows(RowMaker& maker, const TablePlan& table, WorkingReader* stored) {
+    // Data that ended in the first pass ends here too.
+    const std::optional<WorkingRows> kept =
+        working_ == nullptr ? std::nullopt : working_->RowsOf(table.ruleId);
     for (RowSequence rows(table); rows.Next();) {
+        if (kept && rows.Row().rowCounter > kept->count)
+            return RowOutcome::EndOfData;
+        if (stored != nullptr)
+            stored->Next();
         const RowOutcome outcome = maker.Make(rows.Row());
         if (outcome != RowOutcome::Made)
             return outcome;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "engine/modGenerateData.h"
+#include "engine/modWorkingDatabase.h"
 #include "engine/rowMaker.h"
 #include "engine/rowSink.h"
 
@@ -12,8 +14,9 @@ namespace vellumark {
 class InsertPass {
  public:
     // The target is looked at only for a run into a database.
+    // The Working database is absent in a run that does without.
     InsertPass(const OutputChoice& choice, const RunOptions& options, RunProgress& progress,
-               StatementTarget* target);
+               StatementTarget* target, const WorkingDatabase* working);
 
     // False when something stopped the pass, which has been shown.
     bool Run();
@@ -27,7 +30,8 @@ class InsertPass {
     bool OpenOutput();
     bool MakeRules();
     bool MakeRule(TablePlan& table);
-    RowOutcome MakeRows(RowMaker& maker, const TablePlan& table);
+    std::optional<WorkingReader> OpenStored(TablePlan& table);
+    RowOutcome MakeRows(RowMaker& maker, const TablePlan& table, WorkingReader* stored);
     void KeepFailedStatement();
     RowForm Form() const;
 
@@ -35,6 +39,7 @@ class InsertPass {
     ValueContext context_;
     RunProgress& progress_;
     StatementTarget* target_;
+    const WorkingDatabase* working_;
     RowTicker ticker_;
     std::unique_ptr<RowSink> sink_;
     std::string sqlInHand_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/modWorkingDatabase.h"
 #include "platform/text.h"
 
 namespace vellumark {
@@ -53,6 +54,9 @@ bool AppendMadeValue(TextBuffer& out, ColumnPlan& column, int number, const RowP
     switch (column.kind) {
         case ValueKind::Fixed:
             out.Append(column.text);
+            return true;
+        case ValueKind::Stored:
+            out.Append(context.stored->Value(column.storedPlace));
             return true;
         case ValueKind::NameAndNumber:
             AppendNameAndNumber(out, column, DigitsOf(number, column, context));

@@ -1,11 +1,16 @@
 #include "engine/modGenerateData.h"
 
+#include "engine/connectionSlots.h"
 #include "engine/insertPass.h"
+#include "engine/modForeignKeys.h"
 #include "engine/targetConnection.h"
+#include "engine/workingPass.h"
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "repository/modSequentialFileServices.h"
 #include "repository/modVellumark.h"
+#include "scenario/modStatusMarks.h"
 #include "scenario/modTTRandRTDmaintenance.h"
 
 namespace vellumark {
@@ -36,12 +41,15 @@ class GenerationRun {
 
  private:
     bool Generate();
+    bool fPrepareWorkingDatabase();
+    bool fFillWorkingDatabase();
     bool fRangesEnd() const;
     std::string SqlInHand() const { return pass_ ? pass_->SqlInHand() : std::string(); }
 
     const OutputChoice& choice_;
     RunProgress& progress_;
     std::unique_ptr<StatementTarget> target_;
+    std::optional<WorkingDatabase> working_;
     std::unique_ptr<InsertPass> pass_;
 };
 
@@ -65,14 +73,44 @@ bool GenerationRun::Generate() {
     progress_.Caption("Preparing Test Scenario for data generation");
     RepositoryScope repository;
     ValuesScope values;
+    const ConnectionSlotScope slots;
     fInitProgressInsertSQL(progress_);
     if (!fRangesEnd())
+        return false;
+    fClearStatusMarks();
+    if (WorkingDatabaseNeeded() && !fPrepareWorkingDatabase())
         return false;
     LoadRunOptions(HeldOptions());
     if (choice_.toDatabase)
         target_ = SessionTarget();
-    pass_ = std::make_unique<InsertPass>(choice_, HeldOptions(), progress_, target_.get());
+    if (working_ && !fFillWorkingDatabase())
+        return false;
+    pass_ = std::make_unique<InsertPass>(choice_, HeldOptions(), progress_, target_.get(),
+                                         working_ ? &*working_ : nullptr);
     return pass_->Run();
+}
+
+bool GenerationRun::fPrepareWorkingDatabase() {
+    progress_.Caption("Creating empty temporary database");
+    if (!fCreateTestDataDB(choice_.format))
+        return false;
+    if (!fFileExists(WorkingDatabasePath())) {
+        platform::ShowCritical("Function 'TestDataGenerateAll' cannot locate " + WorkingDatabasePath());
+        return false;
+    }
+    fSetStatusMarks();
+    working_.emplace();
+    return true;
+}
+
+bool GenerationRun::fFillWorkingDatabase() {
+    progress_.Caption("Creating data in temporary database");
+    if (!WorkingPass(*working_, HeldOptions(), choice_.format).Run())
+        return false;
+    progress_.Caption("Resolving foreign keys");
+    ResolveForeignKeys(*working_);
+    working_->Commit();
+    return true;
 }
 
 // A range that runs backwards never comes to its end.
@@ -81,7 +119,7 @@ bool GenerationRun::fRangesEnd() const {
         "select [Table].[Name], [Start Range], [End Range] from [TSO Insert Table Rule], [Table]"
         " where [TSO Insert Table Rule].[FK DBS Id] = ? and [FK TSO Id] = ? and [Quantity] > 0"
         " and [End Range] > 0 and [Start Range] > [End Range] and [Table].[Id] = [FK TAB Id]"
-        " and [Table].[FK DBS Id] = [TSO Insert Table Rule].[FK DBS Id] and [Flag Use Generated Data] = True"
+        " and [Table].[FK DBS Id] = [TSO Insert Table Rule].[FK DBS Id]"
         " order by [Sort Order] asc",
         {CurrentDBSId, CurrentTSOId});
     if (rule.IsEOF())

@@ -42,6 +42,10 @@ struct RunOptions {
     const std::string& OutputPattern(TypeGroup group) const {
         return outputPatterns[static_cast<std::size_t>(group)];
     }
+    bool InputInQuotes(TypeGroup group) const { return inputInQuotes[static_cast<std::size_t>(group)]; }
+    const std::string& InputPattern(TypeGroup group) const {
+        return inputPatterns[static_cast<std::size_t>(group)];
+    }
 };
 
 // Reads the row of [Options] over what the record holds; without a row it stays as it is. Throws

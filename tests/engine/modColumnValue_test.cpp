@@ -169,8 +169,8 @@ TEST_F(ColumnValueTest, MovesDatesFromTheirStart) {
 TEST_F(ColumnValueTest, DrawsBooleans) {
     const auto words = [this](TargetFormat format) {
         std::set<std::string> found;
-        for (const std::string_view line :
-             platform::Split(Values({"A", "Boolean"}, {{"Quantity", 40}}, format), ' '))
+        const std::string values = Values({"A", "Boolean"}, {{"Quantity", 40}}, format);
+        for (const std::string_view line : platform::Split(values, ' '))
             if (line == "TRUE" || line == "FALSE" || line == "0" || line == "1" || line == "-1")
                 found.emplace(line);
         return found;
