@@ -11,6 +11,8 @@
 #include "customers_by_hand.h"
 #include "engine/modGenerateData.h"
 #include "engine/randomStream.h"
+#include "repository/modVellumark.h"
+#include "working_bench.h"
 
 namespace vellumark::bench {
 
@@ -32,7 +34,10 @@ const std::vector<BenchColumn> kCustomer = {
     {"REMARK", "Character", 40, 0, {{"Fill the column", "E"}}},
 };
 
+constexpr int kCustomerScenario = 1;
+
 bool GenerateCustomers(const std::string& path, TargetFormat format) {
+    CurrentTSOId = kCustomerScenario;
     NoProgress progress;
     SessionRandomStream() = {};
     return TestDataGenerateAll({false, path, format}, progress);
@@ -105,6 +110,7 @@ int main(int argc, char** argv) {
     bench::SetRows(bench::kRows);
     bench::Register(session, "delimited", TargetFormat::Delimited);
     bench::Register(session, "oracle", TargetFormat::Oracle);
+    bench::RegisterWorkingRuns(session);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -28,6 +28,7 @@ struct RuleWords {
     std::string table;
     std::optional<int> start;
     std::optional<int> end;
+    std::optional<std::string> where;
 };
 
 bool ListScenarios(const std::string& schema) {
@@ -77,9 +78,10 @@ int AddInsertRule(const RuleWords& words, int tabId) {
     return fValidTableRange(start, end) ? AddTableRule(tabId, start, end, true) : 0;
 }
 
-int AddDeleteRule(int tabId) {
+int AddDeleteRule(const RuleWords& words, int tabId) {
     const dao::Recordset defaults = DefaultRule("TSO Delete Table Rule", tabId);
-    return AddDeleteTableRule(tabId, defaults.IsEOF() ? "" : defaults.Text("Where Clause"));
+    return AddDeleteTableRule(tabId,
+                              words.where.value_or(defaults.IsEOF() ? "" : defaults.Text("Where Clause")));
 }
 
 // The table's Id, or 0 behind a message.
@@ -109,7 +111,7 @@ bool AddRule(const RuleWords& words) {
     const int tabId = FindTable(words.table);
     if (tabId == 0)
         return false;
-    const int ruleId = CurrentTSOType == 'D' ? AddDeleteRule(tabId) : AddInsertRule(words, tabId);
+    const int ruleId = CurrentTSOType == 'D' ? AddDeleteRule(words, tabId) : AddInsertRule(words, tabId);
     if (ruleId == 0)
         return false;
     std::cout << ruleId << "\n";
@@ -156,6 +158,7 @@ void AddRuleGroup(CLI::App& app, CommandLine& line) {
     add->add_option("--start", words->start,
                     "First number of the range (default: as the table's default rule)");
     add->add_option("--end", words->end, "Last number of the range; 0 for the first alone");
+    add->add_option("--where", words->where, "Where clause of a delete rule, with its word where");
     add->callback([&line, words] { line.run = [words] { return AddRule(*words); }; });
 }
 
