@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "embedded.h"
 #include "engine/modGenerateData.h"
 #include "insert_scenario.h"
 #include "platform/dao/database.h"
@@ -61,6 +62,26 @@ TEST_F(DirectOutputTest, KeepsTheRowsBeforeAnErrorOfTheRun) {
     recorder.choiceAnswers = {0};
     EXPECT_FALSE(Run(TargetFormat::Sybase));
     EXPECT_EQ(RowsOf(Target(), "select [A], [B] from [T]"), "1|Dec 29 9999\n2|Dec 30 9999\n3|Dec 31 9999");
+}
+
+TEST_F(DirectOutputTest, DatesGetTheirStoredForm) {
+    Target().Execute("create table [Dated] ([A] INTEGER, [D] DATE, [S] DATETIME, [H] TIME, [V] VARCHAR(30))");
+    SetOption("Default Start Date", "2001-02-27");
+    SetOption("Default Start Time", "14:05:00");
+    SetOption("Default Start Timestamp", "2001-02-27 14:05:00");
+    AddRule("Dated", {{"A", "Long Integer"},
+                      {"D", "Date"},
+                      {"S", "TimeStamp"},
+                      {"H", "Time", 0, 0, 0, {{"date time increment", "N"}}},
+                      {"V", "Character", 30, 0, 0, {{"Constant Value", "Feb 3 2001 04:05AM"}}}});
+    TargetConnections.ado.Open(AccessString(Target().Path()));
+    for (const char protocol : {'A', 'D'}) {
+        DatabaseProtocol = protocol;
+        EXPECT_TRUE(Run(TargetFormat::Jet));
+        EXPECT_EQ(RowsOf(Target(), "select [D], [S], [H], [V] from [Dated]"),
+                  "2001-02-28|2001-02-28 14:05:00|14:06:00|Feb 3 2001 04:05AM");
+        Target().Execute("delete * from [Dated]");
+    }
 }
 
 TEST_F(DirectOutputTest, SendsDelimitedTextAsItStands) {

@@ -15,6 +15,25 @@ const std::vector<std::string> kLetters = {"a", "b", "c", "d", "e"};
 // The same values in each kind of source.
 enum class Kind { Category, Delimited, Positional, Spreadsheet, DaoDatabase, AdoDatabase };
 
+// What the reader of each kind says.
+struct KindWords {
+    const char* atEnd;
+    const char* atError;
+};
+constexpr KindWords kOtherDatabaseWords = {
+    "No more data found when reading values from an Other Database for ",
+    "Error occurred reading values from an Other Database for "};
+constexpr KindWords kWords[] = {
+    {"No more data found when reading Generic Value for ", "Error occurred reading Generic Value for "},
+    {"End of File occurred reading values from a Delimited Text File for ",
+     "Error occurred reading values from a Delimited Text File for "},
+    {"End Of File occurred reading values from a Positional Text File for ",
+     "Error occurred reading values from a Positional Text File for "},
+    {"End Of File occurred reading values from an Excel Spreadsheet for ",
+     "Error occurred reading values from an Excel Spreadsheet for "},
+    kOtherDatabaseWords,
+    kOtherDatabaseWords};
+
 class ValueReadersTest : public ValueSourceTest, public ::testing::WithParamInterface<Kind> {
  protected:
     void TearDown() override {
@@ -29,10 +48,11 @@ class ValueReadersTest : public ValueSourceTest, public ::testing::WithParamInte
         all.insert(all.end(), fields.begin(), fields.end());
         return Read(all, rows);
     }
-    std::string AtEnd() const;
-    std::string AtError() const;
+    std::string AtEnd() const { return ReadingFailure(Words().atEnd); }
+    std::string AtError() const { return ReadingFailure(Words().atError); }
 
  private:
+    static const KindWords& Words() { return kWords[static_cast<std::size_t>(GetParam())]; }
     std::string Lines(const std::vector<std::string>& values, const std::string& rest);
     std::string SheetOf(const std::vector<std::string>& values);
     std::string DatabaseOf(const std::vector<std::string>& values);
@@ -83,36 +103,6 @@ Fields ValueReadersTest::SourceOf(const std::vector<std::string>& values) {
             return {{"Type", "O"},
                     {"FK CON Id",
                      AddConnectionRow("Mine", 'A', AccessString(DatabaseOf(values)), "My Data", "Val")}};
-    }
-}
-
-std::string ValueReadersTest::AtEnd() const {
-    switch (GetParam()) {
-        case Kind::Category:
-            return ReadingFailure("No more data found when reading Generic Value for ");
-        case Kind::Delimited:
-            return ReadingFailure("End of File occurred reading values from a Delimited Text File for ");
-        case Kind::Positional:
-            return ReadingFailure("End Of File occurred reading values from a Positional Text File for ");
-        case Kind::Spreadsheet:
-            return ReadingFailure("End Of File occurred reading values from an Excel Spreadsheet for ");
-        default:
-            return ReadingFailure("No more data found when reading values from an Other Database for ");
-    }
-}
-
-std::string ValueReadersTest::AtError() const {
-    switch (GetParam()) {
-        case Kind::Category:
-            return ReadingFailure("Error occurred reading Generic Value for ");
-        case Kind::Delimited:
-            return ReadingFailure("Error occurred reading values from a Delimited Text File for ");
-        case Kind::Positional:
-            return ReadingFailure("Error occurred reading values from a Positional Text File for ");
-        case Kind::Spreadsheet:
-            return ReadingFailure("Error occurred reading values from an Excel Spreadsheet for ");
-        default:
-            return ReadingFailure("Error occurred reading values from an Other Database for ");
     }
 }
 
