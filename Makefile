@@ -21,7 +21,8 @@ run: build       ## Open the desktop program
 demo: build      ## Do the main job on a small embedded database
 	@scripts/demo $(BUILD)
 
-test: build      ## Run all tests
+test: build      ## Run all tests, with private database servers on loopback
+	@scripts/setup test
 	ctest --test-dir $(BUILD) --output-on-failure -j2
 
 bench: build     ## Measure the speed of runs and of reading a schema

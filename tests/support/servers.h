@@ -1,0 +1,45 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+#include "platform/ado/connection.h"
+#include "temp_folder.h"
+
+namespace vellumark::test {
+
+enum class Engine { PostgreSQL, MariaDB, SQLite };
+
+// For the names of tests.
+std::string EngineName(Engine engine);
+void PrintTo(Engine engine, std::ostream* out);
+
+// A fresh database of one engine, reached through its ODBC driver; it goes with the object. The servers are
+// those that the test run has started.
+class ServerDatabase {
+ public:
+    explicit ServerDatabase(Engine engine);
+    ~ServerDatabase();
+    ServerDatabase(const ServerDatabase&) = delete;
+    ServerDatabase& operator=(const ServerDatabase&) = delete;
+
+    const std::string& ConnectionString() const { return connectionString_; }
+    // The same with one value in place of another.
+    std::string ConnectionStringWith(const std::string& key, const std::string& value) const;
+
+    // Statements with a semicolon behind each. Names may stand in double quotes on every engine.
+    void Run(const std::string& statements);
+
+ private:
+    Engine engine_;
+    std::string name_;
+    std::string connectionString_;
+    std::unique_ptr<TempFolder> folder_;
+    ado::Connection connection_;
+};
+
+// The rows of a query: fields joined by "|" with Null as "null", rows by line ends.
+std::string TextOf(platform::Cursor& rows);
+
+}  // namespace vellumark::test
