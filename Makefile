@@ -25,8 +25,10 @@ test: build      ## Run all tests, with private database servers on loopback
 	@scripts/setup test
 	ctest --test-dir $(BUILD) --output-on-failure -j2
 
-bench: build     ## Measure the speed of runs and of reading a schema
+bench: build     ## Measure the speed of runs, beside a loop by hand and beside database clients
+	@scripts/setup test
 	$(BUILD)/vellumark_bench
+	scripts/bench-direct $(BUILD)
 
 lint: build      ## Check formatting, include cycles and file sizes
 	@scripts/lint

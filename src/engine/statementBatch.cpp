@@ -1,5 +1,7 @@
 #include "engine/statementBatch.h"
 
+#include <algorithm>
+
 #include "platform/error.h"
 
 namespace vellumark {
@@ -8,6 +10,17 @@ namespace {
 
 constexpr std::size_t kMostStatements = 10000;
 constexpr std::size_t kMostBytes = 4 * 1024 * 1024;
+constexpr std::size_t kGroupBytes = 16 * 1024;
+
+// True when what follows the statement is read as if it stood alone: its literals are closed, and nothing in
+// it can start a name, a comment or an escape that runs on.
+bool StandsByItself(std::string_view statement) {
+    if (statement.find_first_of("\"`\\$#;") != std::string_view::npos)
+        return false;
+    if (statement.find("--") != std::string_view::npos || statement.find("/*") != std::string_view::npos)
+        return false;
+    return std::ranges::count(statement, '\'') % 2 == 0;
+}
 
 void RollBackQuietly(StatementTarget& target) {
     try {
@@ -29,17 +42,35 @@ void StatementBatch::Execute(std::string_view statement) {
         target_.Begin();
     texts_ += statement;
     ends_.push_back(texts_.size());
-    try {
-        target_.Execute(statement);
-    } catch (const platform::Error&) {
-        Replay(ends_.size() - 1);
-        return;
+    if (sendsGroups_ && StandsByItself(statement)) {
+        group_.append(statement).append(";\n");
+        ++grouped_;
+        if (group_.size() >= kGroupBytes)
+            SendGroup();
+    } else {
+        SendGroup();
+        Send(statement, 1);
     }
     if (ends_.size() >= kMostStatements || texts_.size() >= kMostBytes)
         Finish();
 }
 
+// Sends the next `count` statements of texts_ as one text.
+void StatementBatch::Send(std::string_view text, std::size_t count) {
+    if (count == 0 || ends_.empty())
+        return;
+    try {
+        target_.Execute(text);
+        sent_ += count;
+        grouped_ = 0;
+        group_.clear();
+    } catch (const platform::Error&) {
+        Replay(sent_);
+    }
+}
+
 void StatementBatch::Finish() {
+    SendGroup();
     if (ends_.empty())
         return;
     try {
@@ -89,6 +120,8 @@ bool StatementBatch::RepeatGroup(const std::function<std::string_view(std::size_
 void StatementBatch::Forget() {
     texts_.clear();
     ends_.clear();
+    group_.clear();
+    grouped_ = sent_ = 0;
 }
 
 }  // namespace vellumark

@@ -14,7 +14,7 @@ namespace vellumark {
 // before it stay.
 class StatementBatch {
  public:
-    explicit StatementBatch(StatementTarget& target) : target_(target) {}
+    explicit StatementBatch(StatementTarget& target) : target_(target), sendsGroups_(target.TakesSeveral()) {}
     // What has not been brought to an end by Finish is undone.
     ~StatementBatch();
     StatementBatch(const StatementBatch&) = delete;
@@ -29,13 +29,20 @@ class StatementBatch {
     const std::string& FailedStatement() const { return failed_; }
 
  private:
+    void Send(std::string_view text, std::size_t count);
+    void SendGroup() { Send(group_, grouped_); }
+
     // `good` counts the statements at the start that have been executed before without an error.
     void Replay(std::size_t good);
     bool RepeatGroup(const std::function<std::string_view(std::size_t)>& statement, std::size_t count);
     void Forget();
 
     StatementTarget& target_;
-    std::string texts_;  // of the open transaction, one behind the other
+    bool sendsGroups_;
+    std::string group_;  // statements that wait to be sent together
+    std::size_t grouped_ = 0;
+    std::size_t sent_ = 0;  // of those in texts_
+    std::string texts_;     // of the open transaction, one behind the other
     std::vector<std::size_t> ends_;
     std::string failed_;
 };

@@ -13,6 +13,7 @@ class AdoTarget : public StatementTarget {
     explicit AdoTarget(ado::Connection& connection) : connection_(connection) {}
 
     void Execute(std::string_view statement) override { connection_.Execute(statement); }
+    bool TakesSeveral() const override { return connection_.TakesSeveral(); }
     void Begin() override { connection_.Begin(); }
     void Commit() override { connection_.Commit(); }
     void Rollback() override { connection_.Rollback(); }

@@ -1,6 +1,8 @@
 #include "engine/statementBatch.h"
 
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 #include "platform/error.h"
 
@@ -105,6 +107,53 @@ TEST(StatementBatchTest, CommitsGroups) {
     target.begins = false;
     StatementBatch batch(target);
     EXPECT_EQ(ErrorOf(batch, "z"), "Error: 3218 locked []");
+}
+
+// Takes texts of several statements, as servers do.
+class GroupTarget : public StatementTarget {
+ public:
+    bool TakesSeveral() const override { return true; }
+    void Execute(std::string_view text) override {
+        texts.emplace_back(text);
+        if (text.find("bad") != text.npos)
+            throw platform::Error(3022, "duplicate");
+        pending += text;
+    }
+    void Begin() override { inTransaction = true; }
+    void Commit() override {
+        done += pending;
+        Rollback();
+    }
+    void Rollback() override {
+        if (inTransaction)
+            pending.clear();
+        inTransaction = false;
+    }
+
+    std::vector<std::string> texts;
+    std::string pending;
+    std::string done;
+    bool inTransaction = false;
+};
+
+TEST(StatementBatchTest, SendsPlainStatementsTogetherAndOthersAlone) {
+    GroupTarget target;
+    StatementBatch batch(target);
+    for (const char* statement : {"a 'x'", "b 'y'", "c 'O'Brien'", "d '--'", "e '\\'", "f"})
+        batch.Execute(statement);
+    batch.Finish();
+    EXPECT_EQ(target.texts,
+              (std::vector<std::string>{"a 'x';\nb 'y';\n", "c 'O'Brien'", "d '--'", "e '\\'", "f;\n"}));
+}
+
+TEST(StatementBatchTest, FailingGroupLeavesWhatOneByOneWould) {
+    GroupTarget target;
+    StatementBatch batch(target);
+    for (const char* statement : {"a", "b", "bad", "c"})
+        batch.Execute(statement);
+    EXPECT_THROW(batch.Finish(), platform::Error);
+    EXPECT_EQ(batch.FailedStatement(), "bad");
+    EXPECT_EQ(target.pending + target.done, "ab");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/ado/connection.h"
 #include "platform/dao/database.h"
+#include "platform/dao/odbc_type.h"
 #include "platform/error.h"
 #include "platform/odbc/driver_string.h"
 #include "platform/odbc/sources.h"
@@ -102,6 +103,60 @@ TEST(OdbcSourcesTest, OpensByNameUnderBothProtocols) {
     const dao::Database database = dao::OpenOdbcDatabase("shop", "ODBC;DATABASE=" + path + ";PWD=");
     EXPECT_FALSE(database.IsEmbedded());
     EXPECT_EQ(database.TableNames(), (std::vector<std::string>{"MSysProperties", "T"}));
+}
+
+TEST(OdbcSourcesTest, DaoReadsTextsAndChangesNothing) {
+    const test::TempFolder folder;
+    dao::CreateDatabase(folder.Path("x.db"));
+    const dao::Database database = dao::OpenOdbcDatabase("shop", "DATABASE=" + folder.Path("x.db"));
+    database.Execute("create table T (A integer primary key, B varchar(20))");
+    database.Execute("insert into T values (?, ?)", {1, "it's ?"});
+    database.Execute("insert into T values (2, null)");
+    dao::Recordset rows = database.OpenRecordset("T");
+    EXPECT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(rows.Long("a"), 1);
+    EXPECT_EQ(rows.Text("B"), "it's ?");
+    rows.MoveNext();
+    EXPECT_TRUE(rows.IsNull("B"));
+    rows.Edit();
+    rows.Set("B", "x");
+    EXPECT_THROW(rows.Update(), Error);
+    EXPECT_THROW(rows.Delete(), Error);
+    EXPECT_EQ(database.OpenRecordset("select B from T where A = ?", {1}).Text("B"), "it's ?");
+    EXPECT_THROW(database.OpenRecordset("update T set B = ''"), Error);
+    EXPECT_EQ(database.TableDefinition("t").fields.size(), 2U);
+    EXPECT_THROW(database.TableDefinition("U"), Error);
+    EXPECT_TRUE(database.Relations().empty());
+}
+
+TEST(OdbcTypeTest, KnowsEveryCode) {
+    const struct {
+        CatalogColumn column;
+        int ado, dao, size;
+        std::optional<int> length, precision, scale;
+    } cases[] = {
+        {{"", 9, "DATE", 10, {}, true}, 133, dao::dbDate, 8, {}, {}, {}},
+        {{"", 10, "TIME", 8, {}, true}, 134, dao::dbTime, 8, {}, {}, {}},
+        {{"", 11, "TIMESTAMP", 26, 6, true}, 135, dao::dbTimeStamp, 8, {}, {}, {}},
+        {{"", -155, "datetimeoffset", 34, 7, true}, 135, dao::dbTimeStamp, 8, {}, {}, {}},
+        {{"", -152, "xml", 0, {}, true}, 203, dao::dbMemo, 0, {}, {}, {}},
+        {{"", -11, "uniqueidentifier", 36, {}, true}, 72, dao::dbGUID, 16, {}, {}, {}},
+        {{"", -4, "bytea", -4, {}, true}, 205, dao::dbLongBinary, 0, {}, {}, {}},
+        {{"", 2, "NUMBER", 38, -84, true}, 131, dao::dbNumeric, 16, {}, 38, -84},
+        {{"", 101, "INTERVAL YEAR", 4, {}, true}, 200, dao::dbText, 4, 4, {}, {}},
+        {{"", -9, "nvarchar", {}, {}, true}, 202, dao::dbText, 0, {}, {}, {}},
+        {{"", 4, "int identity", 10, 0, true}, 3, dao::dbLong, 4, {}, 10, {}},
+        {{"", 0, "DECIMAL(8,3)", {}, {}, true}, 131, dao::dbNumeric, 16, {}, 8, 3},
+    };
+    for (const auto& c : cases) {
+        const dao::ColumnType type = dao::ReadOdbcType(c.column);
+        EXPECT_EQ(type.adoType, c.ado) << c.column.typeName;
+        EXPECT_EQ(type.daoType, c.dao) << c.column.typeName;
+        EXPECT_EQ(type.daoSize, c.size) << c.column.typeName;
+        EXPECT_EQ(type.maximumLength, c.length) << c.column.typeName;
+        EXPECT_EQ(type.precision, c.precision) << c.column.typeName;
+        EXPECT_EQ(type.scale, c.scale) << c.column.typeName;
+    }
 }
 
 TEST(OdbcSourcesTest, TellsOfABrokenDriverAndAMissingFile) {

@@ -9,7 +9,7 @@ set -euo pipefail
 command=$1
 file=$2
 
-postgres_bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -1)
+postgres_bin=$(printf '%s\n' /usr/lib/postgresql/*/bin | sort -V | tail -1)
 password='p w;}'
 
 as() { # USER COMMAND...
@@ -55,8 +55,7 @@ start_mariadb() { # PORT
     PATH=$PATH:/usr/sbin mariadbd --no-defaults "${user[@]}" --datadir="$data" --bind-address=127.0.0.1 \
         --port="$1" --socket="$data/s" --pid-file="$data/pid" --character-set-server=utf8mb4 \
         --skip-name-resolve --innodb-flush-log-at-trx-commit=0 </dev/null >"$folder/mariadb.log" 2>&1 &
-    local try
-    for try in $(seq 600); do
+    for _ in $(seq 600); do
         if mariadb-admin --no-defaults -S "$data/s" -u root ping >/dev/null 2>&1; then break; fi
         sleep 0.1
     done
@@ -100,7 +99,7 @@ watch() { # PROCESS
 }
 
 stop() {
-    local folder pid try
+    local folder pid
     folder=$(sed -n 's/^folder=//p' "$file" 2>/dev/null || true)
     rm -f "$file"
     if [ -z "$folder" ] || [ ! -d "$folder" ]; then return 0; fi
@@ -110,7 +109,7 @@ stop() {
     pid=$(cat "$folder/my/pid" 2>/dev/null || true)
     if [ -n "$pid" ]; then
         mariadb-admin --no-defaults -S "$folder/my/s" -u root shutdown >/dev/null 2>&1 || kill "$pid" || true
-        for try in $(seq 300); do
+        for _ in $(seq 300); do
             if [ ! -e "$folder/my/pid" ] || ! is_running "$pid"; then break; fi
             sleep 0.1
         done

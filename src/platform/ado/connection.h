@@ -24,6 +24,8 @@ class Connection {
 
     // A statement as the user's database takes it. Each throws kObjectIsClosed or the database's error.
     void Execute(std::string_view statement) { Opened().Execute(statement); }
+    // Whether Execute takes several statements in one text, with semicolons between.
+    bool TakesSeveral() const { return Opened().TakesSeveral(); }
     // The cursor has no fields when the statement has no rows but only its effect.
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const {
         return Opened().OpenRecordset(sql);

@@ -22,6 +22,7 @@ class OdbcProvider : public Provider {
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
         return connection_.Query(sql);
     }
+    bool TakesSeveral() const override { return connection_.TakesSeveral(); }
     void Begin() override { connection_.Begin(); }
     void Commit() override { connection_.Commit(); }
     void Rollback() override { connection_.Rollback(); }

@@ -43,6 +43,7 @@ class Provider {
     virtual Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const = 0;
     virtual void Execute(std::string_view statement) = 0;
     virtual std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const = 0;
+    virtual bool TakesSeveral() const { return false; }
     virtual void Begin() = 0;
     virtual void Commit() = 0;
     virtual void Rollback() = 0;

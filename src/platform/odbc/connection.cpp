@@ -23,6 +23,8 @@ Connection::Connection(const std::string& connectionString)
                            SQL_DRIVER_NOPROMPT),
           connection_);
     executor_ = NewStatement();
+    const std::string system = Info(SQL_DBMS_NAME);
+    takesSeveral_ = system == "PostgreSQL" || system == "MariaDB" || system == "MySQL";
 }
 
 Connection::~Connection() {

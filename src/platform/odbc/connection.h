@@ -22,6 +22,7 @@ class Connection {
 
     // One statement, or several where the database takes them so; rows that it gives are thrown away.
     void Execute(std::string_view sql);
+    bool TakesSeveral() const { return takesSeveral_; }
     // "?" takes the parameters in turn.
     std::unique_ptr<platform::Cursor> Query(std::string_view sql,
                                             const std::vector<std::string>& parameters = {}) const;
@@ -44,6 +45,7 @@ class Connection {
 
     Handle environment_;
     Handle connection_;
+    bool takesSeveral_ = false;
     Handle executor_;  // used for one statement after the other
 };
 

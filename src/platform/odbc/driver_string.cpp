@@ -25,7 +25,8 @@ struct KnownDriver {
 
 // Statements come as finished texts, so preparing them on the server would only cost another round trip.
 constexpr std::string_view kPostgres = "Protocol=7.4-0;UseServerSidePrepare=0;BoolsAsChar=0";
-constexpr std::string_view kMariaDB = "NO_SSPS=1";
+// The option lets several statements come in one text.
+constexpr std::string_view kMariaDB = "NO_SSPS=1;OPTION=67108864";
 // Without NoCreat a missing file would be made.
 constexpr std::string_view kSqlite = "FKSupport=1;NoCreat=1";
 
