@@ -152,7 +152,12 @@ TEST_P(ServerStatementsTest, KeepsWhatStoodBeforeAFailingStatement) {
         StatementBatch batch(*target);
         for (int key = 1; key <= 1200; ++key)
             batch.Execute("insert into t (a) values (" + std::to_string(key) + ")");
-        EXPECT_THROW(batch.Execute(bad), platform::Error);
+        EXPECT_THROW(
+            {
+                batch.Execute(bad);
+                batch.Finish();
+            },
+            platform::Error);
         EXPECT_EQ(batch.FailedStatement(), bad);
         EXPECT_EQ(SeenOutside("select count(*), max(a) from t"), "1200|1200") << bad;
     }
