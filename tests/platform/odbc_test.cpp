@@ -45,7 +45,7 @@ TEST(DriverStringTest, FindsTheDriver) {
         {"ODBC;DSN=orders;UID=;PWD=;DATABASE=", "DSN=orders" + postgres},
         {"DSN=orders;BOOLSASCHAR=1", "DSN=orders;BOOLSASCHAR=1;Protocol=7.4-0;UseServerSidePrepare=0"},
         {"Driver = {MariaDB Unicode};SERVER=s;PWD={}};}",
-         "Driver={MariaDB Unicode};SERVER=s;PWD={}};};NO_SSPS=1"},
+         "Driver={MariaDB Unicode};SERVER=s;PWD={}};};NO_SSPS=1;OPTION=67108864"},
         {"DRIVER=sqlite3;Database=/x.db", "DRIVER=sqlite3;Database=/x.db;FKSupport=1;NoCreat=1"},
         {"DRIVER=/opt/acme/libacme.so;Data Source=x", "DRIVER=/opt/acme/libacme.so;Data Source=x"},
         {"FILEDSN=/x.dsn;PWD=p", "FILEDSN=/x.dsn;PWD=p"},
