@@ -12,6 +12,7 @@
 #include "engine/modGenerateData.h"
 #include "engine/randomStream.h"
 #include "repository/modVellumark.h"
+#include "source_bench.h"
 #include "working_bench.h"
 
 namespace vellumark::bench {
@@ -111,6 +112,7 @@ int main(int argc, char** argv) {
     bench::Register(session, "delimited", TargetFormat::Delimited);
     bench::Register(session, "oracle", TargetFormat::Oracle);
     bench::RegisterWorkingRuns(session);
+    bench::RegisterSourceRuns(session);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -8,44 +8,29 @@ namespace {
 
 constexpr const char* kClearLine = "\r\033[K";
 
-const char* KindOf(platform::Icon icon) {
-    switch (icon) {
-        case platform::Icon::Exclamation:
-            return "exclamation: ";
-        case platform::Icon::Critical:
-            return "critical: ";
-        case platform::Icon::Question:
-            return "question: ";
-        case platform::Icon::Information:
-        case platform::Icon::None:
-            break;
-    }
-    return "information: ";
-}
-
 }  // namespace
 
-void ConsoleDialogs::Print(const char* kind, const std::string& text) {
+void ConsoleDialogs::Print(platform::Icon icon, const std::string& text) {
     Transient("");
-    std::cerr << kind << text << std::endl;
+    std::cerr << platform::IconWord(icon) << ": " << text << std::endl;
 }
 
 void ConsoleDialogs::Message(platform::Icon icon, const std::string& text) {
-    Print(KindOf(icon), text);
+    Print(icon == platform::Icon::None ? platform::Icon::Information : icon, text);
 }
 
 bool ConsoleDialogs::AskYesNo(platform::Icon, const std::string& text) {
-    Print("question: ", text);
+    Print(platform::Icon::Question, text);
     return answerYes_;
 }
 
 std::optional<std::string> ConsoleDialogs::Ask(const platform::Prompt& prompt) {
-    Print("question: ", prompt.text);
+    Print(platform::Icon::Question, prompt.text);
     return std::nullopt;
 }
 
 int ConsoleDialogs::Choose(const platform::Choice& choice) {
-    Print("question: ", choice.text);
+    Print(platform::Icon::Question, choice.text);
     return 0;
 }
 

@@ -24,7 +24,7 @@ class ConsoleDialogs : public platform::Dialogs {
     void Transient(const std::string& text);
 
  private:
-    void Print(const char* kind, const std::string& text);
+    void Print(platform::Icon icon, const std::string& text);
 
     bool interactive_;
     bool answerYes_ = false;

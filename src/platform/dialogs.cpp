@@ -8,6 +8,22 @@ namespace {
 Dialogs* current = nullptr;
 }
 
+std::string_view IconWord(Icon icon) {
+    switch (icon) {
+        case Icon::Information:
+            return "information";
+        case Icon::Exclamation:
+            return "exclamation";
+        case Icon::Critical:
+            return "critical";
+        case Icon::Question:
+            return "question";
+        case Icon::None:
+            break;
+    }
+    return {};
+}
+
 void UseDialogs(Dialogs& dialogs) {
     current = &dialogs;
 }

@@ -12,6 +12,9 @@ namespace vellumark::platform {
 
 enum class Icon { None, Information, Exclamation, Critical, Question };
 
+// "information", "exclamation", "critical" or "question"; empty for a box without an icon.
+std::string_view IconWord(Icon icon);
+
 struct Prompt {
     std::string text;
     std::string title = "Vellumark";

@@ -69,14 +69,14 @@ class FakeProvider : public ado::Provider {
  public:
     explicit FakeProvider(bool hasKeys) : hasKeys_(hasKeys) {}
 
-    ado::Rowset OpenSchema(ado::SchemaKey key, const ado::Restrictions& restrictions) const override {
-        if (key == ado::SchemaKey::Tables) {
-            ado::Rowset tables({"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"});
-            tables.Add({std::string("a"), std::string("Country"), std::string("TABLE")});
-            tables.Add({std::string("b"), std::string("Orders"), std::string("TABLE")});
-            tables.Add({std::string("a"), std::string("Names"), std::string("VIEW")});
-            return tables;
-        }
+    ado::Rowset Tables(const ado::Restrictions&) const override {
+        ado::Rowset tables({"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"});
+        tables.Add({std::string("a"), std::string("Country"), std::string("TABLE")});
+        tables.Add({std::string("b"), std::string("Orders"), std::string("TABLE")});
+        tables.Add({std::string("a"), std::string("Names"), std::string("VIEW")});
+        return tables;
+    }
+    ado::Rowset ForeignKeys(const ado::Restrictions& restrictions) const override {
         if (!hasKeys_)
             throw platform::Error(platform::kQueryFailed, "Object or provider is not capable.");
         ado::Rowset keys({"PK_TABLE_NAME", "PK_COLUMN_NAME", "FK_TABLE_NAME", "FK_COLUMN_NAME"});
@@ -89,7 +89,9 @@ class FakeProvider : public ado::Provider {
             ADD_FAILURE() << "keys of a view";
         return keys;
     }
-    // Reading a schema needs no more.
+    // Reading foreign keys needs no more.
+    ado::Rowset Columns(const ado::Restrictions&) const override { return ado::Rowset({}); }
+    ado::Rowset Indexes(const ado::Restrictions&) const override { return ado::Rowset({}); }
     void Execute(std::string_view) override { ADD_FAILURE(); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view) const override { return nullptr; }
     void Begin() override { ADD_FAILURE(); }

@@ -7,19 +7,7 @@ namespace vellumark::test {
 namespace {
 
 std::string Prefix(platform::Icon icon) {
-    switch (icon) {
-        case platform::Icon::Information:
-            return "information: ";
-        case platform::Icon::Exclamation:
-            return "exclamation: ";
-        case platform::Icon::Critical:
-            return "critical: ";
-        case platform::Icon::Question:
-            return "question: ";
-        case platform::Icon::None:
-            break;
-    }
-    return "message: ";
+    return icon == platform::Icon::None ? "message: " : std::string(platform::IconWord(icon)) + ": ";
 }
 
 template <typename T>

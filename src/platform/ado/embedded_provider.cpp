@@ -42,20 +42,6 @@ dao::Database EmbeddedProvider::OpenFile(const platform::ConnectionString& parts
 
 EmbeddedProvider::EmbeddedProvider(const platform::ConnectionString& parts) : database_(OpenFile(parts)) {}
 
-Rowset EmbeddedProvider::OpenSchema(SchemaKey key, const Restrictions& restrictions) const {
-    switch (key) {
-        case SchemaKey::Columns:
-            return Columns(restrictions);
-        case SchemaKey::Indexes:
-            return Indexes(restrictions);
-        case SchemaKey::Tables:
-            return Tables(restrictions);
-        case SchemaKey::ForeignKeys:
-            return ForeignKeys(restrictions);
-    }
-    throw platform::Error(platform::kInvalidProcedureCall, "The embedded database has no such rowset.");
-}
-
 Rowset EmbeddedProvider::Tables(const Restrictions& restrictions) const {
     Rowset rows({"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"});
     dao::Statement list = database_.Prepare(

@@ -18,7 +18,6 @@ class EmbeddedProvider : public Provider {
 
     explicit EmbeddedProvider(const platform::ConnectionString& parts);
 
-    Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const override;
     void Execute(std::string_view statement) override { runner_.Execute(statement); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
         return database_.OpenCursor(sql);
@@ -28,10 +27,10 @@ class EmbeddedProvider : public Provider {
     void Rollback() override { database_.Rollback(); }
 
  private:
-    Rowset Tables(const Restrictions& restrictions) const;
-    Rowset Columns(const Restrictions& restrictions) const;
-    Rowset Indexes(const Restrictions& restrictions) const;
-    Rowset ForeignKeys(const Restrictions& restrictions) const;
+    Rowset Tables(const Restrictions& restrictions) const override;
+    Rowset Columns(const Restrictions& restrictions) const override;
+    Rowset Indexes(const Restrictions& restrictions) const override;
+    Rowset ForeignKeys(const Restrictions& restrictions) const override;
     std::vector<dao::TableDef> TableDefs(const Restrictions& restrictions, std::size_t tablePosition) const;
     const std::vector<dao::Relation>& Relations() const;
 

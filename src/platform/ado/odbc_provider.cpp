@@ -30,20 +30,6 @@ dao::Value Number(std::optional<int> number) {
 OdbcProvider::OdbcProvider(const std::string& connectionString)
     : connection_(connectionString), catalog_(odbc::OpenCatalog(connection_)) {}
 
-Rowset OdbcProvider::OpenSchema(SchemaKey key, const Restrictions& restrictions) const {
-    switch (key) {
-        case SchemaKey::Columns:
-            return Columns(restrictions);
-        case SchemaKey::Indexes:
-            return Indexes(restrictions);
-        case SchemaKey::Tables:
-            return Tables(restrictions);
-        case SchemaKey::ForeignKeys:
-            return ForeignKeys(restrictions);
-    }
-    throw platform::Error(platform::kInvalidProcedureCall, "The database has no such rowset.");
-}
-
 Rowset OdbcProvider::Tables(const Restrictions& restrictions) const {
     Rowset rows({"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"});
     tables_ = catalog_->Tables();

@@ -17,7 +17,6 @@ class OdbcProvider : public Provider {
     // Takes a string for the driver manager. Throws the driver's error.
     explicit OdbcProvider(const std::string& connectionString);
 
-    Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const override;
     void Execute(std::string_view statement) override { connection_.Execute(statement); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
         return connection_.Query(sql);
@@ -28,10 +27,10 @@ class OdbcProvider : public Provider {
     void Rollback() override { connection_.Rollback(); }
 
  private:
-    Rowset Tables(const Restrictions& restrictions) const;
-    Rowset Columns(const Restrictions& restrictions) const;
-    Rowset Indexes(const Restrictions& restrictions) const;
-    Rowset ForeignKeys(const Restrictions& restrictions) const;
+    Rowset Tables(const Restrictions& restrictions) const override;
+    Rowset Columns(const Restrictions& restrictions) const override;
+    Rowset Indexes(const Restrictions& restrictions) const override;
+    Rowset ForeignKeys(const Restrictions& restrictions) const override;
     std::vector<odbc::CatalogTable> FindTables(const Restrictions& restrictions, std::size_t ownerPosition,
                                                std::size_t tablePosition) const;
 

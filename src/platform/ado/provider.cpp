@@ -19,6 +19,20 @@ bool Passes(std::string_view name, const Restrictions& restrictions, std::size_t
     return wanted.empty() || platform::EqualsIgnoringCase(name, wanted);
 }
 
+Rowset Provider::OpenSchema(SchemaKey key, const Restrictions& restrictions) const {
+    switch (key) {
+        case SchemaKey::Columns:
+            return Columns(restrictions);
+        case SchemaKey::Indexes:
+            return Indexes(restrictions);
+        case SchemaKey::Tables:
+            return Tables(restrictions);
+        case SchemaKey::ForeignKeys:
+            return ForeignKeys(restrictions);
+    }
+    throw platform::Error(platform::kInvalidProcedureCall, "The database has no such rowset.");
+}
+
 std::unique_ptr<Provider> OpenProvider(std::string_view connectionString) {
     const platform::ConnectionString parts(connectionString);
     if (EmbeddedProvider::Serves(parts))

@@ -40,13 +40,19 @@ class Provider {
     virtual ~Provider() = default;
 
     // Throws platform::Error when the database reports no such thing.
-    virtual Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const = 0;
+    Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const;
     virtual void Execute(std::string_view statement) = 0;
     virtual std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const = 0;
     virtual bool TakesSeveral() const { return false; }
     virtual void Begin() = 0;
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
+
+ private:
+    virtual Rowset Tables(const Restrictions& restrictions) const = 0;
+    virtual Rowset Columns(const Restrictions& restrictions) const = 0;
+    virtual Rowset Indexes(const Restrictions& restrictions) const = 0;
+    virtual Rowset ForeignKeys(const Restrictions& restrictions) const = 0;
 };
 
 // Opens the database that a connection string names. Throws the database's own error, or
