@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "engine/modDeleteData.h"
 #include "engine/modGenerateData.h"
 #include "engine/statementBatch.h"
 #include "engine/targetConnection.h"
 #include "insert_scenario.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "repository/modVellumark.h"
+#include "scenario/modDTRmaintenance.h"
 #include "schema/modDatabaseConnection.h"
 #include "servers.h"
 
@@ -60,6 +63,17 @@ class ServerStatementsTest : public InsertScenarioTest, public ::testing::WithPa
         } catch (const platform::Error& error) {
             return std::to_string(error.Number()) + " " + error.Description();
         }
+    }
+
+    void AddDependency(int child, int childColumn, int parent, int increment) {
+        RepositoryScope repository;
+        RepositoryDatabase.Execute(
+            "insert into [resolver TTR dependency] ([FK DBS Id], [FK TSO Id], [FK Child TTR Id], [FK Child "
+            "TAB Id],"
+            " [FK Child COL Id], [FK Parent TTR Id], [FK Parent TAB Id], [FK Parent COL Id],"
+            " [Increment parent count], [Quantity children per parent]) values (?, ?, ?, ?, ?, ?, ?, 1, ?, "
+            "1)",
+            {CurrentDBSId, CurrentTSOId, child, child, childColumn, parent, parent, increment});
     }
 
     ServerDatabase database{GetParam().engine};
@@ -180,6 +194,41 @@ TEST_P(ServerStatementsTest, ARunGoesStraightIn) {
     EXPECT_TRUE(recorder.Take().starts_with(
         "choice: Unexpected error occurred during the data generation.\nError: "));
     EXPECT_EQ(SeenOutside("select count(*) from dated"), "3");
+}
+
+// The server refuses a child before its parent, so that every row shows that its key was resolved.
+TEST_P(ServerStatementsTest, AFamilyGoesInAndOutUnderForeignKeys) {
+    database.Run("create table artist (id integer primary key, name varchar(40) not null unique)");
+    database.Run(
+        "create table album (id integer primary key, artist_id integer not null references artist (id))");
+    database.Run("create table employee (id integer primary key, boss_id integer references employee (id))");
+    SetOption("Code DataBase Owner", "N");
+    const auto rows = [](int first, int last) {
+        return Fields{{"Start Range", first}, {"End Range", last}, {"Quantity", last - first + 1}};
+    };
+    const Fields unique = {{"Flag column unique", true}};
+    const int artist =
+        AddRule("artist", {{"id", "Long Integer"}, {"name", "Character", 40, 0, 0, unique}}, rows(1, 50));
+    const int album = AddRule("album", {{"id", "Long Integer"}, {"artist_id", "Long Integer"}}, rows(1, 200));
+    const int employee =
+        AddRule("employee", {{"id", "Long Integer"}, {"boss_id", "Long Integer"}}, rows(1, 9));
+    AddDependency(album, 2, artist, 4);
+    AddDependency(employee, 2, employee, 4);
+    EXPECT_TRUE(TestDataGenerateAll({true, "", TargetFormat::Db2}, progress)) << recorder.Take();
+    EXPECT_EQ(SeenOutside("select count(*), min(artist_id), max(artist_id) from album"), "200|1|50");
+    EXPECT_EQ(SeenOutside("select artist_id from album where id = 5"), "2");
+    EXPECT_EQ(SeenOutside("select boss_id from employee where id = 9"), "3");
+
+    AddDeleteTableRule(album, "where id > 100");
+    AddDeleteTableRule(artist, "where id > 25");
+    EXPECT_TRUE(fDeleteSQL({true, "", TargetFormat::Db2}, progress)) << recorder.Take();
+    EXPECT_EQ(SeenOutside("select count(*) from artist"), "25");
+    EXPECT_EQ(SeenOutside("select count(*) from album"), "100");
+
+    AddDeleteTableRule(artist, "");
+    EXPECT_FALSE(fDeleteSQL({true, "", TargetFormat::Db2}, progress));
+    EXPECT_TRUE(recorder.Take().starts_with("critical: Error no: "));
+    EXPECT_EQ(SeenOutside("select count(*) from artist"), "25");
 }
 
 TEST_P(RealServerStatementsTest, ALostConnectionIsAnErrorAndCanBeOpenedAgain) {
