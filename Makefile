@@ -15,18 +15,21 @@ setup:           ## Install the Debian packages that are missing
 build: setup     ## Build both programs into build/
 	@scripts/build $(BUILD)
 
-run: build       ## Open the desktop program
+run: setup       ## Open the desktop program
+	@scripts/build $(BUILD) vellumark
 	$(BUILD)/vellumark
 
-demo: build      ## Do the main job on a small embedded database
+demo: setup      ## Do the main job on a small embedded database
+	@scripts/build $(BUILD) vellumark-cli
 	@scripts/demo $(BUILD)
 
 test: build      ## Run all tests, with private database servers on loopback
 	@scripts/setup test
 	ctest --test-dir $(BUILD) --output-on-failure -j2
 
-bench: build     ## Measure the speed of runs, beside a loop by hand and beside database clients
+bench: setup     ## Measure the speed of runs, beside a loop by hand and beside database clients
 	@scripts/setup test
+	@scripts/build $(BUILD) vellumark-cli vellumark_bench
 	$(BUILD)/vellumark_bench
 	scripts/bench-direct $(BUILD)
 

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 
 #include "repository/modOptionsMaintenance.h"
 #include "repository/modRepositoryStores.h"
@@ -55,15 +56,35 @@ void AddColumn(int table, int id, const BenchColumn& column) {
 
 }  // namespace
 
+void StderrDialogs::Message(platform::Icon, const std::string& text) {
+    std::cerr << text << "\n";
+}
+
+bool StderrDialogs::AskYesNo(platform::Icon icon, const std::string& text) {
+    Message(icon, text);
+    return false;
+}
+
+std::optional<std::string> StderrDialogs::Ask(const platform::Prompt& prompt) {
+    Message(platform::Icon::Question, prompt.text);
+    return std::nullopt;
+}
+
+int StderrDialogs::Choose(const platform::Choice& choice) {
+    Message(platform::Icon::Question, choice.text);
+    return 0;
+}
+
 Session::Session() : folder_((fs::temp_directory_path() / "vellumark-bench-XXXXXX").string()) {
     if (mkdtemp(folder_.data()) == nullptr)
         throw fs::filesystem_error("no temporary folder", folder_, std::make_error_code(std::errc::io_error));
+    platform::UseDialogs(dialogs_);
     LoadProgramPaths();
     RepositoryPath = Path("Vellumark.mdb");
     ValuesPath = Path("Vellumark Values.mdb");
     CurrentDBSId = CurrentTSOId = 1;
     CurrentTSOType = 'I';
-    CurrentTSOFolder = folder_;
+    CurrentTSOFolder = DatabasesFolder = folder_;
     CreateRepository(RepositoryPath);
     CreateValuesDatabase(ValuesPath);
     EnsureOptions();

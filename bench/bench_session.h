@@ -6,8 +6,19 @@
 
 #include "engine/modRunProgress.h"
 #include "platform/dao/value.h"
+#include "platform/dialogs.h"
 
 namespace vellumark::bench {
+
+// Messages on standard error: nothing that is measured should have one.
+class StderrDialogs : public platform::Dialogs {
+ public:
+    void Message(platform::Icon icon, const std::string& text) override;
+    bool AskYesNo(platform::Icon icon, const std::string& text) override;
+    std::optional<std::string> Ask(const platform::Prompt& prompt) override;
+    int Choose(const platform::Choice& choice) override;
+    void Status(const std::string&) override {}
+};
 
 // A session on fresh stores in a temporary folder of its own, with an Insert Scenario to fill.
 class Session {
@@ -20,6 +31,7 @@ class Session {
     std::string Path(const std::string& name) const { return folder_ + "/" + name; }
 
  private:
+    StderrDialogs dialogs_;
     std::string folder_;
 };
 

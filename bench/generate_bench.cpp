@@ -12,6 +12,7 @@
 #include "engine/modGenerateData.h"
 #include "engine/randomStream.h"
 #include "repository/modVellumark.h"
+#include "schema_bench.h"
 #include "source_bench.h"
 #include "working_bench.h"
 
@@ -113,6 +114,7 @@ int main(int argc, char** argv) {
     bench::Register(session, "oracle", TargetFormat::Oracle);
     bench::RegisterWorkingRuns(session);
     bench::RegisterSourceRuns(session);
+    bench::RegisterSchemaReads(session);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -1,0 +1,62 @@
+// Reading a schema of 500 tables with 20 columns each, with its System Scenario and the two default
+// Scenarios.
+
+#include "schema_bench.h"
+
+#include <benchmark/benchmark.h>
+
+#include "platform/dao/database.h"
+#include "scenario/modSchemaLifecycle.h"
+
+namespace vellumark::bench {
+
+namespace {
+
+constexpr int kTables = 500;
+
+std::string MakeDatabase(const Session& session) {
+    const std::string path = session.Path("schema.mdb");
+    dao::CreateDatabase(path);
+    const dao::Database database = dao::OpenDatabase(path);
+    dao::Transaction transaction(database);
+    for (int table = 0; table < kTables; ++table) {
+        std::string sql = "create table T" + std::to_string(table) + " (Id INTEGER primary key";
+        for (int column = 1; column < 19; ++column)
+            sql += ", C" + std::to_string(column) + " VARCHAR(20)";
+        database.Prepare(sql + ", Up INTEGER references T0 (Id))").Execute();
+    }
+    transaction.Commit();
+    return path;
+}
+
+void ReadSchema(benchmark::State& state, const std::string& path, char protocol) {
+    ConnectionDetails details;
+    details.schemaName = "Read";
+    details.protocol = protocol;
+    details.mdbFile = path;
+    fConnectionString(details);
+    for (auto _ : state) {
+        if (!fNewSchema(details)) {
+            state.SkipWithError("the schema was not read");
+            break;
+        }
+        state.PauseTiming();
+        fDeleteSchema(false);
+        state.ResumeTiming();
+    }
+}
+
+}  // namespace
+
+void RegisterSchemaReads(const Session& session) {
+    const std::string path = MakeDatabase(session);
+    for (const char protocol : {'A', 'D'})
+        benchmark::RegisterBenchmark(
+            protocol == 'A' ? "read_schema/ado" : "read_schema/dao",
+            [path, protocol](benchmark::State& state) { ReadSchema(state, path, protocol); })
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(3)
+            ->UseRealTime();
+}
+
+}  // namespace vellumark::bench
