@@ -227,7 +227,7 @@ TEST_F(CliTest, FirstStartMakesTheUsersOwnInstallation) {
 
 // Kills the program at growing delays from its start until its work is there.
 void KillUntil(const std::function<bool()>& isThere, const std::vector<std::string>& words) {
-    for (int delay = 2000; delay < 2000000; delay += delay / 3) {
+    for (int delay = 2000; delay < 30000000; delay += delay / 3) {
         const pid_t process = StartCli(words);
         usleep(static_cast<useconds_t>(delay));
         kill(process, SIGKILL);
