@@ -28,6 +28,7 @@ struct DependWords {
     std::optional<int> increment;
     bool generateParent = false;
     bool clear = false;
+    bool clearAll = false;
 };
 
 struct ColumnWords {
@@ -64,6 +65,15 @@ bool ChooseParent(const std::string& parent, DependencyDetails& details) {
         return fChooseParentRule(details, *rule);
     platform::ShowExclamation("The parent is the Id of a Table rule, or \"new\" to make one.");
     return false;
+}
+
+bool ClearAllDependencies(const DependWords& words) {
+    if (!OpenInsertScenario(words.schema, words.scenario) ||
+        !platform::AskYesNo("Do you really want to delete all the Foreign Key settings for all the tables "
+                            "for this scenario?"))
+        return false;
+    fClearAllDependencies();
+    return true;
 }
 
 bool Depend(const DependWords& words) {
@@ -203,22 +213,26 @@ void AddDependCommand(CLI::App& app, CommandLine& line) {
         "depend", "Feed a foreign-key column from a parent rule and print the parent's Id");
     depend->add_option("SCHEMA", words->schema, "Name of the Database schema")->required();
     depend->add_option("SCENARIO", words->scenario, "Name of the Scenario")->required();
-    depend->add_option("--child", words->child, "The child rule's Id, a point, the column")
-        ->type_name("RULE.COLUMN")
-        ->required();
+    CLI::Option* child =
+        depend->add_option("--child", words->child, "The child rule's Id, a point, the column")
+            ->type_name("RULE.COLUMN");
     CLI::Option* parent =
         depend->add_option("--parent", words->parent, "The parent rule's Id, or new to make one")
             ->type_name("RULE");
-    CLI::Option* clear = depend->add_flag("--clear", words->clear, "Take the Dependency away again");
-    parent->excludes(clear);
+    depend->add_flag("--clear", words->clear, "Take the child's Dependency away again")->excludes(parent);
+    depend->add_flag("--clear-all", words->clearAll, "Take all Dependencies of the Scenario away")
+        ->excludes(parent)
+        ->excludes(child);
     depend->add_option("--generate", words->generate, "Child rows for each parent row");
     depend->add_option("--increment", words->increment,
                        "Child rows after which the next parent's turn comes");
     depend->add_flag("--generate-parent", words->generateParent, "The parent rule makes rows too");
     depend->callback([&line, words] {
-        if (!words->clear && words->parent.empty())
+        if (!words->clearAll && words->child.empty())
+            throw CLI::RequiredError("--child");
+        if (!words->clearAll && !words->clear && words->parent.empty())
             throw CLI::RequiredError("--parent");
-        line.run = [words] { return Depend(*words); };
+        line.run = [words] { return words->clearAll ? ClearAllDependencies(*words) : Depend(*words); };
     });
 }
 

@@ -88,6 +88,21 @@ TEST_F(CliRulesTest, FillsADatabaseAndEmptiesItAgain) {
               "0|Kept");
 }
 
+TEST_F(CliRulesTest, DependenciesAreTakenAwayAgain) {
+    const std::vector<std::string> depend = {"depend",     "Music",    "Fill", "--child",
+                                             "2.ArtistId", "--parent", "new"};
+    const std::string rules = Do({"rules", "Music", "Fill"});
+    for (const std::vector<std::string>& clear :
+         {std::vector<std::string>{"depend", "Music", "Fill", "--child", "2.ArtistId", "--clear"},
+          std::vector<std::string>{"depend", "Music", "Fill", "--clear-all"}}) {
+        EXPECT_EQ(Do(depend), "3\n");
+        EXPECT_NE(Do({"rules", "Music", "Fill"}), rules);
+        Do(clear);
+        EXPECT_EQ(Do({"rules", "Music", "Fill"}), rules);
+    }
+    EXPECT_EQ(Run({"depend", "Music", "Fill", "--clear-all", "--child", "2.ArtistId"}).status, 2);
+}
+
 TEST_F(CliRulesTest, RefusalsTellWhatIsWrong) {
     const std::vector<std::string> source = {"source", "Music", "Fill", "1", "Name", "--kind"};
     const auto with = [&source](std::vector<std::string> more) {

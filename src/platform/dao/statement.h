@@ -50,7 +50,6 @@ class Statement {
     double ColumnReal(int column) const { return sqlite3_column_double(handle_.get(), column); }
     // Valid until the next Step or Reset. Null reads as empty.
     std::string_view ColumnText(int column) const;
-    bool IsReadOnly() const { return sqlite3_stmt_readonly(handle_.get()) != 0; }
 
  private:
     void Check(int code) const;
