@@ -4,10 +4,10 @@ BUILD  ?= build
 PREFIX ?= /usr/local
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build run demo test bench lint format sanitize install clean
+.PHONY: help setup build run demo test screenshots bench lint format sanitize install clean
 
 help:            ## Show this list
-	@awk -F':.*## ' '/^[a-z-]+:.*## /{printf "  make %-10s %s\n", $$1, $$2}' Makefile
+	@awk -F':.*## ' '/^[a-z-]+:.*## /{printf "  make %-12s %s\n", $$1, $$2}' Makefile
 
 setup:           ## Install the Debian packages that are missing
 	@scripts/setup
@@ -26,6 +26,10 @@ demo: setup      ## Do the main job on a small embedded database
 test: build      ## Run all tests, with private database servers on loopback
 	@scripts/setup test
 	ctest --test-dir $(BUILD) --output-on-failure -j2
+
+screenshots: demo ## Make a picture of every screen into build/screenshots/
+	@scripts/build $(BUILD) vellumark_screenshots
+	@scripts/screenshots $(BUILD)
 
 bench: setup     ## Measure the speed of runs, beside a loop by hand and beside database clients
 	@scripts/setup test

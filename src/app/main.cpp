@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <QLabel>
 #include <QMainWindow>
 #include <QStatusBar>
 
-#include "app/boxDialogs.h"
 #include "platform/error.h"
+#include "platform/screens/boxDialogs.h"
+#include "platform/screens/desktopApplication.h"
 #include "repository/modVellumark.h"
 
 namespace {
@@ -25,15 +25,13 @@ QString WelcomeText() {
 
 // The command line is one text; the shell has split it at blanks.
 std::string JoinedArguments() {
-    return QApplication::arguments().mid(1).join(' ').toStdString();
+    return QCoreApplication::arguments().mid(1).join(' ').toStdString();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName("Vellumark");
-    QApplication::setDesktopFileName("vellumark");
+    vellumark::DesktopApplication application(argc, argv);
     vellumark::BoxDialogs dialogs;
     vellumark::platform::UseDialogs(dialogs);
     try {
@@ -48,5 +46,5 @@ int main(int argc, char** argv) {
     window.setCentralWidget(label);
     window.statusBar()->showMessage("Definitions and runs: vellumark-cli --help");
     window.show();
-    return QApplication::exec();
+    return vellumark::DesktopApplication::exec();
 }

@@ -66,10 +66,11 @@ std::string RowsOf(const dao::Database& database, const std::string& sql) {
     for (dao::Recordset rows = database.OpenRecordset(sql); !rows.IsEOF(); rows.MoveNext()) {
         if (!text.empty())
             text += '\n';
-        std::string line;
-        for (const std::string& field : rows.FieldNames())
-            line += (line.empty() && &field == &rows.FieldNames().front() ? "" : "|") + rows.Text(field);
-        text += line;
+        for (const std::string& field : rows.FieldNames()) {
+            if (&field != &rows.FieldNames().front())
+                text += '|';
+            text += rows.Text(field);
+        }
     }
     return text;
 }

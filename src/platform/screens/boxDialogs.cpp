@@ -1,11 +1,11 @@
-#include "app/boxDialogs.h"
+#include "platform/screens/boxDialogs.h"
 
 #include <QApplication>
 #include <QInputDialog>
-#include <QMainWindow>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QStatusBar>
+
+#include "platform/screens/frmQuestion.h"
+#include "platform/screens/qtText.h"
 
 namespace vellumark {
 
@@ -32,7 +32,7 @@ QMessageBox::Icon BoxIcon(platform::Icon icon) {
 // Texts are plain: a name that looks like markup must show as it is.
 void SetText(QMessageBox& box, const std::string& text) {
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(text));
+    box.setText(ToQt(text));
 }
 
 }  // namespace
@@ -54,32 +54,20 @@ bool BoxDialogs::AskYesNo(platform::Icon icon, const std::string& text) {
 std::optional<std::string> BoxDialogs::Ask(const platform::Prompt& prompt) {
     bool accepted = false;
     const QString answer =
-        QInputDialog::getText(QApplication::activeWindow(), QString::fromStdString(prompt.title),
-                              QString::fromStdString(prompt.text), QLineEdit::Normal,
-                              QString::fromStdString(prompt.defaultAnswer), &accepted);
-    return accepted ? std::optional(answer.toStdString()) : std::nullopt;
+        QInputDialog::getText(QApplication::activeWindow(), ToQt(prompt.title), ToQt(prompt.text),
+                              QLineEdit::Normal, ToQt(prompt.defaultAnswer), &accepted);
+    return accepted ? std::optional(FromQt(answer)) : std::nullopt;
 }
 
 int BoxDialogs::Choose(const platform::Choice& choice) {
-    QMessageBox box(QMessageBox::Question, kTitle, "", QMessageBox::NoButton, QApplication::activeWindow());
-    SetText(box, choice.text);
-    const auto add = [&box](const std::string& caption, QMessageBox::ButtonRole role) -> QPushButton* {
-        return caption.empty() ? nullptr : box.addButton(QString::fromStdString(caption), role);
-    };
-    const QPushButton* first = add(choice.button1, QMessageBox::AcceptRole);
-    const QPushButton* second = add(choice.button2, QMessageBox::AcceptRole);
-    QPushButton* cancel = add(choice.cancel, QMessageBox::RejectRole);
-    box.setDefaultButton(cancel);
-    box.exec();
-    const QAbstractButton* clicked = box.clickedButton();
-    if (clicked != nullptr && clicked == first)
-        return 1;
-    return clicked != nullptr && clicked == second ? 2 : 0;
+    frmQuestion question(choice, QApplication::activeWindow());
+    question.exec();
+    return question.QuestionAnswer();
 }
 
 void BoxDialogs::Status(const std::string& text) {
-    if (auto* window = qobject_cast<QMainWindow*>(QApplication::activeWindow()))
-        window->statusBar()->showMessage(QString::fromStdString(text));
+    if (showStatus_)
+        showStatus_(text);
 }
 
 }  // namespace vellumark

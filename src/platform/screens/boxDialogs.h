@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "platform/dialogs.h"
 
 namespace vellumark {
@@ -12,6 +15,12 @@ class BoxDialogs : public platform::Dialogs {
     std::optional<std::string> Ask(const platform::Prompt& prompt) override;
     int Choose(const platform::Choice& choice) override;
     void Status(const std::string& text) override;
+
+    // Where the progress texts of long operations are shown; nowhere before this is called.
+    void ShowStatusIn(std::function<void(const std::string&)> show) { showStatus_ = std::move(show); }
+
+ private:
+    std::function<void(const std::string&)> showStatus_;
 };
 
 }  // namespace vellumark

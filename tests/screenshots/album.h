@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+
+namespace vellumark::test {
+
+// Where the pictures go: a folder with one PNG file for each screen.
+class Album {
+ public:
+    explicit Album(std::string folder) : folder_(std::move(folder)) {}
+
+    // Shows the screen, lets it settle and keeps its picture as NAME.png.
+    void Take(const std::string& name, QWidget& screen) const;
+
+    // Does the same from inside the event loop of a modal screen that `open` brings up, and closes it.
+    // `prepare` brings it into the state worth showing.
+    void TakeModal(const std::string& name, const std::function<void()>& open,
+                   const std::function<void(QWidget&)>& prepare = {}) const;
+
+ private:
+    std::string folder_;
+};
+
+// One function a file of pictures, called in this order by main. The schema "Shop" with a filled Insert
+// Scenario is open before each.
+void ShootPlatformScreens(const Album& album);
+
+}  // namespace vellumark::test
