@@ -1,0 +1,179 @@
+#include "platform/screens/rowGrid.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTimer>
+
+#include "platform/screens/choiceDelegate.h"
+
+namespace vellumark {
+
+RowGrid::RowGrid(QWidget* parent) : QTableView(parent) {
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setAlternatingRowColors(true);
+    setTabKeyNavigation(false);
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    horizontalHeader()->setHighlightSections(false);
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setWordWrap(false);
+}
+
+void RowGrid::Show(GridRows& rows) {
+    RowGridModel* const former = rows_;
+    rows_ = std::make_unique<RowGridModel>(rows, this).release();
+    setModel(rows_);
+    delete former;
+    connect(rows_, &QAbstractItemModel::rowsRemoved, this, &RowGrid::CurrentRowChanged);
+    SetChoices();
+    if (rows_->rowCount() > 0)
+        setCurrentIndex(rows_->index(0, 0));
+    emit CurrentRowChanged();
+}
+
+void RowGrid::Reload() {
+    const int id = CurrentId();
+    const int column = std::max(0, currentIndex().column());
+    rows_->Reload();
+    const int row = std::max(0, rows_->FindId(id));
+    if (row < rows_->rowCount())
+        setCurrentIndex(rows_->index(row, column));
+    emit CurrentRowChanged();
+}
+
+bool RowGrid::CommitRow() {
+    if (rows_ == nullptr)
+        return true;
+    CloseEditor();
+    const bool edited = rows_->EditedRow() >= 0;
+    const bool committed = rows_->CommitRow();
+    if (edited && committed)
+        emit CurrentRowChanged();
+    return committed;
+}
+
+void RowGrid::CancelRow() {
+    if (rows_ == nullptr || rows_->EditedRow() < 0)
+        return;
+    rows_->CancelRow();
+    emit CurrentRowChanged();
+}
+
+void RowGrid::DeleteCurrentRow() {
+    if (currentIndex().isValid())
+        rows_->DeleteRow(currentIndex().row());
+}
+
+const GridRow* RowGrid::CurrentRow() const {
+    return rows_ == nullptr ? nullptr : rows_->RowAt(currentIndex().row());
+}
+
+int RowGrid::CurrentId() const {
+    const GridRow* row = CurrentRow();
+    return row == nullptr ? 0 : row->id;
+}
+
+bool RowGrid::SelectId(int id) {
+    const int row = rows_->FindId(id);
+    if (row < 0)
+        return false;
+    setCurrentIndex(rows_->index(row, std::max(0, currentIndex().column())));
+    return true;
+}
+
+void RowGrid::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste))
+        Paste();
+    else if (event->key() == Qt::Key_Escape && rows_ != nullptr && rows_->EditedRow() >= 0)
+        CancelRow();
+    else if (event->key() == Qt::Key_Delete && state() != EditingState)
+        DeleteCurrentRow();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void RowGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (goingBack_ || current.row() == previous.row())
+        return;
+    if (rows_ != nullptr && rows_->EditedRow() >= 0 && rows_->EditedRow() != current.row() &&
+        !rows_->CommitRow()) {
+        GoBackTo(rows_->EditedRow(), std::max(0, previous.column()));
+        return;
+    }
+    emit CurrentRowChanged();
+}
+
+// Leaving the grid for another control of its screen leaves the row too. A box that a hook shows doesn't, and
+// a button decides for itself: one may be there to drop the row.
+void RowGrid::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    const QWidget* next = QApplication::focusWidget();
+    if (next == nullptr || next->window() != window() || isAncestorOf(next) ||
+        qobject_cast<const QAbstractButton*>(next) != nullptr)
+        return;
+    if (rows_ != nullptr && rows_->EditedRow() >= 0 && !CommitRow())
+        GoBackTo(rows_->EditedRow(), std::max(0, currentIndex().column()));
+}
+
+void RowGrid::SetChoices() {
+    for (int column = 0; column < rows_->columnCount(); ++column) {
+        const bool choice = rows_->Column(column).kind == CellKind::Choice;
+        delete itemDelegateForColumn(column);
+        setItemDelegateForColumn(
+            column, choice ? std::make_unique<ChoiceDelegate>(rows_->Column(column).choices, this).release()
+                           : nullptr);
+    }
+}
+
+// What is being typed in a cell reaches the model.
+void RowGrid::CloseEditor() {
+    if (state() != EditingState)
+        return;
+    for (QObject* child : viewport()->children()) {
+        auto* editor = qobject_cast<QWidget*>(child);
+        if (editor == nullptr || !editor->isVisible())
+            continue;
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+// The view is in the middle of moving on; it is put back when it has done so.
+void RowGrid::GoBackTo(int row, int column) {
+    QTimer::singleShot(0, this, [this, row, column] {
+        goingBack_ = true;
+        setFocus();
+        setCurrentIndex(rows_->index(row, column));
+        goingBack_ = false;
+    });
+}
+
+// Line by line from the current cell on, each line a row; it stops at the first row that is refused.
+void RowGrid::Paste() {
+    if (rows_ == nullptr || !currentIndex().isValid())
+        return;
+    const int column = currentIndex().column();
+    int row = currentIndex().row();
+    QString text = QApplication::clipboard()->text();
+    text.remove('\r');
+    if (text.endsWith('\n'))
+        text.chop(1);
+    for (const QString& line : text.split('\n')) {
+        if (row >= rows_->rowCount() || !PasteLine(row, column, line.split('\t')))
+            break;
+        ++row;
+    }
+}
+
+bool RowGrid::PasteLine(int row, int column, const QStringList& cells) {
+    for (int i = 0; i < cells.size() && column + i < rows_->columnCount(); ++i)
+        rows_->setData(rows_->index(row, column + i), cells[i], Qt::EditRole);
+    setCurrentIndex(rows_->index(row, column));
+    return CommitRow();
+}
+
+}  // namespace vellumark
