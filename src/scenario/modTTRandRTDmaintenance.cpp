@@ -8,13 +8,12 @@
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "repository/modVellumark.h"
+#include "scenario/modColumnRuleDefaults.h"
 #include "scenario/modRowCopy.h"
 
 namespace vellumark {
 
 namespace {
-
-constexpr int kRetryCount = 1000;
 
 // What a rule takes over from the System Scenario's rule for the same column. Its range and its quote
 // character stay behind.
@@ -87,22 +86,7 @@ void SetSisterPattern(dao::Recordset& rule, std::string_view dataType) {
 
 void SetDefaults(dao::Recordset& rule, const dao::Recordset& column) {
     const std::string dataType = column.Text("Vellumark Data Type");
-    rule.Set("Code Generate Data Type", "D")
-        .Set("Flag column unique", false)
-        .Set("Flag compound column unique", false)
-        .Set("Fill the column", "N")
-        .Set("generated value too large", "B")
-        .Set("flag user defined foreign key", false)
-        .Set("Code Output Textfile in Quotes", "D")
-        .Set("Range order", "S")
-        .Set("Concat Value with Id", "N")
-        .Set("Flag Exclude", dataType == "Blob");
-    if (dataType == "Blob")
-        rule.Set("Constant Value", "Note: Objects will be supported in a future release");
-    if (dataType == "TimeStamp" || dataType == "Time")
-        rule.Set("date time increment", "N");
-    else if (dataType == "Date")
-        rule.Set("date time increment", "D");
+    SetColumnRuleDefaults(rule, dataType);
     if (CurrentDBSSource == 'T' && column.Text("Name").starts_with("(GROUP_VIEW) "))
         rule.Set("Constant Value", "Drill down...");
     SetSisterPattern(rule, dataType);

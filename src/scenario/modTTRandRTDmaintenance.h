@@ -6,6 +6,9 @@
 // Table rules of an Insert Scenario.
 namespace vellumark {
 
+// How often a new rule tries for another value of a unique column.
+inline constexpr int kRetryCount = 1000;
+
 // The display label of the Table rule that AddTableRule made last.
 inline std::string LastTableRuleLabel;
 
