@@ -1,11 +1,16 @@
 #include "platform/screens/houseStyle.h"
 
+#include <QStyleOptionButton>
+#include <algorithm>
+
 namespace vellumark {
 
 namespace {
 
 constexpr int kMargin = 12;
 constexpr int kSpacing = 6;
+constexpr int kButtonPadding = 10;  // beside a caption, on top of the style's own
+constexpr int kShortestButton = 84;
 
 }  // namespace
 
@@ -22,6 +27,15 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
+}
+
+QSize HouseStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                   const QWidget* widget) const {
+    QSize whole = QProxyStyle::sizeFromContents(type, option, size, widget);
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (type == CT_PushButton && button != nullptr && !button->text.isEmpty())
+        whole.setWidth(std::max(kShortestButton, whole.width() + kButtonPadding));
+    return whole;
 }
 
 }  // namespace vellumark

@@ -10,6 +10,8 @@ class HouseStyle : public QProxyStyle {
     using QProxyStyle::QProxyStyle;
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
 };
 
 }  // namespace vellumark

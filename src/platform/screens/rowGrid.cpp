@@ -11,6 +11,14 @@
 
 namespace vellumark {
 
+namespace {
+
+constexpr int kRowPadding = 8;
+constexpr int kColumnPadding = 16;
+constexpr int kWidestColumn = 280;
+
+}  // namespace
+
 RowGrid::RowGrid(QWidget* parent) : QTableView(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setAlternatingRowColors(true);
@@ -18,7 +26,9 @@ RowGrid::RowGrid(QWidget* parent) : QTableView(parent) {
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     setWordWrap(false);
 }
 
@@ -28,7 +38,9 @@ void RowGrid::Show(GridRows& rows) {
     setModel(rows_);
     delete former;
     connect(rows_, &QAbstractItemModel::rowsRemoved, this, &RowGrid::CurrentRowChanged);
+    verticalHeader()->setVisible(rows.CanInsert() || rows.CanDelete());
     SetChoices();
+    FitColumns();
     if (rows_->rowCount() > 0)
         setCurrentIndex(rows_->index(0, 0));
     emit CurrentRowChanged();
@@ -38,6 +50,7 @@ void RowGrid::Reload() {
     const int id = CurrentId();
     const int column = std::max(0, currentIndex().column());
     rows_->Reload();
+    FitColumns();
     const int row = std::max(0, rows_->FindId(id));
     if (row < rows_->rowCount())
         setCurrentIndex(rows_->index(row, column));
@@ -126,6 +139,17 @@ void RowGrid::SetChoices() {
         setItemDelegateForColumn(
             column, choice ? std::make_unique<ChoiceDelegate>(rows_->Column(column).choices, this).release()
                            : nullptr);
+    }
+}
+
+// Once, at the first rows there are; what the user changes afterwards stays.
+void RowGrid::FitColumns() {
+    if (fitted_ || rows_->RowAt(0) == nullptr)
+        return;
+    fitted_ = true;
+    for (int column = 0; column < rows_->columnCount(); ++column) {
+        const int needed = std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column));
+        setColumnWidth(column, std::min(needed + kColumnPadding, kWidestColumn));
     }
 }
 

@@ -23,6 +23,7 @@ class RowGrid : public QTableView {
     // Writes the row being edited; false when it stays open. A screen calls this before it closes.
     bool CommitRow();
     void CancelRow();
+    bool HasEditedRow() const { return rows_ != nullptr && rows_->EditedRow() >= 0; }
     // Deletes the current row as the Delete key does.
     void DeleteCurrentRow();
     void Paste();
@@ -43,11 +44,13 @@ class RowGrid : public QTableView {
 
  private:
     void SetChoices();
+    void FitColumns();
     void CloseEditor();
     void GoBackTo(int row, int column);
     bool PasteLine(int row, int column, const QStringList& cells);
 
     RowGridModel* rows_ = nullptr;
+    bool fitted_ = false;
     bool goingBack_ = false;
 };
 

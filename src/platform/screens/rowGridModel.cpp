@@ -99,6 +99,9 @@ QVariant RowGridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RowGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal &&
+        Column(section).kind == CellKind::Number)
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role != Qt::DisplayRole)
         return {};
     if (orientation == Qt::Horizontal)
