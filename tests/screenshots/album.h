@@ -26,5 +26,6 @@ class Album {
 // One function a file of pictures, called in this order by main. The schema "Shop" with a filled Insert
 // Scenario is open before each.
 void ShootPlatformScreens(const Album& album);
+void ShootSchemaEditor(const Album& album);
 
 }  // namespace vellumark::test

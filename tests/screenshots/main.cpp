@@ -27,6 +27,7 @@ QPalette DarkPalette() {
 // Each call starts from the same open schema and Scenario.
 constexpr std::array kFiles = {
     vellumark::test::ShootPlatformScreens,
+    vellumark::test::ShootSchemaEditor,
 };
 
 }  // namespace
