@@ -27,6 +27,15 @@ bool fNumberOK(std::string_view value, DataType type, const char* message) {
     return (!value.empty() && fValidNumber(value, type, DecimalPointCharacter)) || fRefuse(message);
 }
 
+// A number with digit grouping symbols is numeric, but no value.
+bool fRealNumberOK(std::string_view value) {
+    std::string ungrouped(value);
+    std::erase(ungrouped, ',');
+    if (ungrouped.empty() || !fValidNumber(ungrouped, DataType::Double, DecimalPointCharacter))
+        return fRefuse("Value must be numeric.");
+    return fNumberOK(value, DataType::Double, "Value must be a real number with no digit grouping symbols.");
+}
+
 bool fValuesOK(char dataType, const std::vector<std::string>& values) {
     if (values.empty())
         return fRefuse("There are no values to import.");
@@ -77,8 +86,7 @@ bool fVLEValidateError(std::string_view value, char dataType) {
             return fNumberOK(value, DataType::BigInteger,
                              "Value must be an integer with no decimal symbols or digit grouping symbols.");
         case 'R':
-            return fNumberOK(value, DataType::Double,
-                             "Value must be a real number with no digit grouping symbols.");
+            return fRealNumberOK(value);
         case 'D':
             return fValidDate(value, true);
         case 'T':

@@ -1,11 +1,9 @@
 #include "schema/screens/frmDBSMaintenance.h"
 
-#include <QComboBox>
-#include <QLineEdit>
 #include <QPrinter>
 #include <QTreeWidget>
 
-#include "platform/screens/rowGrid.h"
+#include "grid_cells.h"
 #include "repository/modVellumark.h"
 #include "schema/screens/frmDatabaseTree.h"
 #include "screen_test.h"
@@ -23,26 +21,6 @@ class SchemaScreensTest : public ScreenTest {
     }
 
     static RowGrid& Grid(QWidget& form, const char* name) { return Child<RowGrid>(form, name); }
-
-    // Types into a cell of a row that is open for it.
-    static void TypeCell(RowGrid& grid, int row, int column, const char* text) {
-        grid.setFocus();
-        grid.setCurrentIndex(grid.model()->index(row, column));
-        QTest::keyClick(&grid, Qt::Key_F2);
-        QWidget* editor = QApplication::focusWidget();
-        ASSERT_NE(editor, &grid);
-        if (auto* list = qobject_cast<QComboBox*>(editor)) {
-            list->setCurrentText(text);
-        } else {
-            QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-            QTest::keyClicks(editor, text);
-        }
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTest::qWait(0);
-    }
-    static std::string Cell(const RowGrid& grid, int row, int column) {
-        return grid.model()->index(row, column).data().toString().toStdString();
-    }
 };
 
 TEST_F(SchemaScreensTest, ATableWithColumnsAndAForeignKeyIsTyped) {
@@ -59,9 +37,9 @@ TEST_F(SchemaScreensTest, ATableWithColumnsAndAForeignKeyIsTyped) {
     EXPECT_EQ(Count("Table", "[Name] = 'Review'"), 1);
     EXPECT_EQ(TextOf(form, "lblColumns"), "Colum&ns for Table: Review");
     TypeCell(columns, 0, 0, "CustomerId");
-    EXPECT_EQ(Cell(columns, 0, 1), "Character");
+    EXPECT_EQ(CellText(columns, 0, 1), "Character");
     TypeCell(columns, 0, 1, "Long Integer");
-    EXPECT_EQ(Cell(columns, 0, 5), "4");
+    EXPECT_EQ(CellText(columns, 0, 5), "4");
     EXPECT_FALSE(columns.model()->flags(columns.model()->index(0, 2)) & Qt::ItemIsEditable);
     Click(form, "cmdSetFK");
     EXPECT_EQ(recorder.Take(), "exclamation: Numeric Precision must be greater than zero");
@@ -74,11 +52,11 @@ TEST_F(SchemaScreensTest, ATableWithColumnsAndAForeignKeyIsTyped) {
     });
     EXPECT_TRUE(columns.CommitRow());
     Click(form, "cmdSetFK");
-    EXPECT_EQ(Cell(columns, 0, 8), "Foreign Key");
-    EXPECT_EQ(Cell(columns, 0, 9), "Customer.CustomerId");
+    EXPECT_EQ(CellText(columns, 0, 8), "Foreign Key");
+    EXPECT_EQ(CellText(columns, 0, 9), "Customer.CustomerId");
     EXPECT_EQ(Count("TSO Insert Column Rule", "[FK TAB Id] = 7"), 2);
     Click(form, "cmdClearFK");
-    EXPECT_EQ(Cell(columns, 0, 8), "Data");
+    EXPECT_EQ(CellText(columns, 0, 8), "Data");
     EXPECT_FALSE(IsEnabled(form, "cmdClearFK"));
 
     Type(form, "txtDescription", "By hand");
@@ -100,12 +78,12 @@ TEST_F(SchemaScreensTest, ARefusedColumnKeepsItsTable) {
     QTest::qWait(20);
     EXPECT_EQ(recorder.Take(), "exclamation: Size must be greater than zero");
     EXPECT_EQ(tables.currentIndex().row(), 0);
-    EXPECT_EQ(Cell(columns, 0, 5), "0");
+    EXPECT_EQ(CellText(columns, 0, 5), "0");
     Press(form, Qt::Key_Escape);
     EXPECT_TRUE(form.isVisible());
     recorder.Take();
     Press(columns, Qt::Key_Escape);
-    EXPECT_EQ(Cell(columns, 0, 5), "4");
+    EXPECT_EQ(CellText(columns, 0, 5), "4");
     Press(columns, Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
 }

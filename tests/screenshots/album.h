@@ -27,5 +27,6 @@ class Album {
 // Scenario is open before each.
 void ShootPlatformScreens(const Album& album);
 void ShootSchemaEditor(const Album& album);
+void ShootGenericValues(const Album& album);
 
 }  // namespace vellumark::test

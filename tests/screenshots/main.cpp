@@ -28,6 +28,7 @@ QPalette DarkPalette() {
 constexpr std::array kFiles = {
     vellumark::test::ShootPlatformScreens,
     vellumark::test::ShootSchemaEditor,
+    vellumark::test::ShootGenericValues,
 };
 
 }  // namespace

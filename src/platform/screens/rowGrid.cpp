@@ -26,6 +26,7 @@ RowGrid::RowGrid(QWidget* parent) : QTableView(parent) {
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
@@ -191,6 +192,14 @@ void RowGrid::Paste() {
             break;
         ++row;
     }
+}
+
+void RowGrid::PasteAtEnd() {
+    if (rows_ == nullptr || rows_->rowCount() == 0)
+        return;
+    setFocus();
+    setCurrentIndex(rows_->index(rows_->rowCount() - 1, 0));
+    Paste();
 }
 
 bool RowGrid::PasteLine(int row, int column, const QStringList& cells) {

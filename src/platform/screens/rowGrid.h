@@ -27,6 +27,8 @@ class RowGrid : public QTableView {
     // Deletes the current row as the Delete key does.
     void DeleteCurrentRow();
     void Paste();
+    // Adds the lines on the clipboard as new rows.
+    void PasteAtEnd();
 
     // The current row; nothing on the empty one at the end.
     const GridRow* CurrentRow() const;
