@@ -92,6 +92,7 @@ class FakeProvider : public ado::Provider {
     // Reading foreign keys needs no more.
     ado::Rowset Columns(const ado::Restrictions&) const override { return ado::Rowset({}); }
     ado::Rowset Indexes(const ado::Restrictions&) const override { return ado::Rowset({}); }
+    std::string ServerName() const override { return "Fake"; }
     void Execute(std::string_view) override { ADD_FAILURE(); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view) const override { return nullptr; }
     void Begin() override { ADD_FAILURE(); }

@@ -22,6 +22,9 @@ class Connection {
     // Throws kObjectIsClosed, or the provider's error when it has no such rowset.
     Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions = {}) const;
 
+    // The system at the other end and its version, with the driver's; throws kObjectIsClosed.
+    std::string ServerName() const { return Opened().ServerName(); }
+
     // A statement as the user's database takes it. Each throws kObjectIsClosed or the database's error.
     void Execute(std::string_view statement) { Opened().Execute(statement); }
     // Whether Execute takes several statements in one text, with semicolons between.

@@ -18,6 +18,7 @@ class EmbeddedProvider : public Provider {
 
     explicit EmbeddedProvider(const platform::ConnectionString& parts);
 
+    std::string ServerName() const override { return database_.ServerName(); }
     void Execute(std::string_view statement) override { runner_.Execute(statement); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
         return database_.OpenCursor(sql);

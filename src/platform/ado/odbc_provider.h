@@ -17,6 +17,7 @@ class OdbcProvider : public Provider {
     // Takes a string for the driver manager. Throws the driver's error.
     explicit OdbcProvider(const std::string& connectionString);
 
+    std::string ServerName() const override { return connection_.ServerName(); }
     void Execute(std::string_view statement) override { connection_.Execute(statement); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
         return connection_.Query(sql);

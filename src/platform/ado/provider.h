@@ -41,6 +41,8 @@ class Provider {
 
     // Throws platform::Error when the database reports no such thing.
     Rowset OpenSchema(SchemaKey key, const Restrictions& restrictions) const;
+    // What stands at the other end, for people.
+    virtual std::string ServerName() const = 0;
     virtual void Execute(std::string_view statement) = 0;
     virtual std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const = 0;
     virtual bool TakesSeveral() const { return false; }

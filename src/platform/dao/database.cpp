@@ -75,6 +75,10 @@ void Database::Close() {
     link_.reset();
 }
 
+std::string Database::ServerName() const {
+    return link_ ? link_->Connection().ServerName() : std::string("SQLite ") + sqlite3_libversion();
+}
+
 void Database::Execute(std::string_view sql, const Parameters& parameters) const {
     if (link_ && parameters.empty())
         return link_->Connection().Execute(sql);

@@ -33,6 +33,8 @@ class Database {
     void Close();
     // Empty for a data source.
     const std::string& Path() const { return path_; }
+    // The system of an open database and its version, with the driver's where there is one.
+    std::string ServerName() const;
 
     // One statement in the data engine's dialect, or in the data source's own; "?" takes the parameters in
     // turn.

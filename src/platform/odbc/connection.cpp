@@ -94,6 +94,11 @@ std::string Connection::Info(SQLUSMALLINT item) const {
     return SQL_SUCCEEDED(code) ? std::string(text) : std::string();
 }
 
+std::string Connection::ServerName() const {
+    return Info(SQL_DBMS_NAME) + " " + Info(SQL_DBMS_VER) + " through " + Info(SQL_DRIVER_NAME) + " " +
+           Info(SQL_DRIVER_VER);
+}
+
 std::string Connection::CurrentCatalog() const {
     char text[1024] = {};
     SQLINTEGER length = 0;

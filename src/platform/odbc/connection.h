@@ -34,6 +34,8 @@ class Connection {
 
     // Text items of SQLGetInfo; empty when the driver doesn't know.
     std::string Info(SQLUSMALLINT item) const;
+    // "PostgreSQL 15.0.14 through psqlodbcw.so 13.02.0000".
+    std::string ServerName() const;
     // Empty when the database has no catalogs or none is chosen.
     std::string CurrentCatalog() const;
 
