@@ -7,6 +7,7 @@
 
 #include "platform/dao/database.h"
 #include "scenario/modSchemaLifecycle.h"
+#include "schema/modConnectionString.h"
 
 namespace vellumark::bench {
 

@@ -2,6 +2,9 @@
 
 #include <filesystem>
 
+#include "schema/modConnectionForm.h"
+#include "schema/modConnectionString.h"
+
 namespace vellumark {
 
 CLI::Option* AddConnectionOptions(CLI::App& command, ConnectionWords& words) {

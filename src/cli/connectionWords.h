@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "schema/modDatabaseConnection.h"
+#include "schema/modConnectionDetails.h"
 
 namespace vellumark {
 

@@ -10,6 +10,7 @@
 #include "repository/modVellumark.h"
 #include "scenario/modGenericValues.h"
 #include "scenario/modValueSources.h"
+#include "schema/modConnectionRows.h"
 
 namespace vellumark {
 
@@ -87,7 +88,7 @@ bool Connect(const std::string& schema, const ConnectionWords& words) {
     if (!OpenSchemaNamed(schema))
         return false;
     std::optional<ConnectionDetails> details = CompleteConnection(words);
-    if (!details || !fSaveTargetConnection(*details))
+    if (!details || !fSaveConnection(kConnectTarget, *details))
         return false;
     if (ConnectTarget())
         return true;

@@ -2,6 +2,7 @@
 #include "engine/connectionSlots.h"
 #include "engine/valueInput.h"
 #include "platform/dialogs.h"
+#include "schema/modConnectionRows.h"
 
 namespace vellumark {
 

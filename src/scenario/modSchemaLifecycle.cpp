@@ -7,6 +7,7 @@
 #include "platform/error.h"
 #include "repository/modVellumark.h"
 #include "scenario/modTestScenarioMaintenance.h"
+#include "schema/modConnectionRows.h"
 #include "schema/modPhysicalSchema.h"
 
 namespace vellumark {

@@ -4,9 +4,9 @@
 
 #include "platform/dialogs.h"
 #include "platform/error.h"
-#include "repository/modDescriptions.h"
 #include "repository/modVellumark.h"
 #include "scenario/modDependencies.h"
+#include "schema/modConnectionRows.h"
 
 namespace vellumark {
 
@@ -105,8 +105,7 @@ int StoreConnection(const ValueSourceDetails& details, int existing) {
         return 0;
     }
     ConnectionDetails connection = details.connection;
-    connection.description = ConnectionDescription(connection.dbmsType, connection.dsn, connection.database,
-                                                   connection.mdbFile, connection.table, connection.column);
+    connection.description = ValueDescription(connection);
     if (existing > 0) {
         UpdateConnection(existing, connection);
         return existing;

@@ -5,6 +5,7 @@
 
 #include "repository/modVellumark.h"
 #include "scenario/modTestScenarioMaintenance.h"
+#include "schema/modConnectionString.h"
 #include "session.h"
 
 namespace vellumark {

@@ -2,6 +2,8 @@
 
 #include "embedded.h"
 #include "repository/modVellumark.h"
+#include "schema/modConnectionForm.h"
+#include "schema/modConnectionRows.h"
 #include "schema/modDatabaseConnection.h"
 #include "session.h"
 

@@ -10,6 +10,7 @@
 #include "platform/screens/qtText.h"
 #include "repository/modVellumark.h"
 #include "scenario/modSchemaLifecycle.h"
+#include "schema/modConnectionString.h"
 
 namespace vellumark::test {
 

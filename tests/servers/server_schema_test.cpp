@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "repository/modVellumark.h"
+#include "schema/modConnectionRows.h"
 #include "schema/modDatabaseConnection.h"
 #include "schema/modPhysicalSchema.h"
 #include "servers.h"

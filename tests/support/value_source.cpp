@@ -1,7 +1,7 @@
 #include "value_source.h"
 
 #include "repository/modVellumark.h"
-#include "schema/modDatabaseConnection.h"
+#include "schema/modConnectionRows.h"
 
 namespace vellumark::test {
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "schema/modConnectionDetails.h"
+
+// The strings that open users' databases.
+namespace vellumark {
+
+// The default string. Nothing when no DBMS is chosen or, with its message, when the protocol can't reach it
+// directly.
+std::optional<std::string> ConnectionString(const ConnectionDetails& details);
+
+// Brings the string up to date after a change of another field, unless the user types it.
+void fConnectionString(ConnectionDetails& details);
+
+}  // namespace vellumark
