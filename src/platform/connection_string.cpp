@@ -31,6 +31,36 @@ std::string TakeBracedValue(std::string_view& text) {
     return value;
 }
 
+// The places behind a password's key where its value starts and ends; both at the end when there is no key
+// any more.
+struct Stretch {
+    std::size_t begin;
+    std::size_t end;
+};
+
+std::size_t EndOfBraces(std::string_view text, std::size_t at) {
+    while ((at = text.find('}', at)) != text.npos && text.substr(at, 2) == "}}")
+        at += 2;
+    return at == text.npos ? text.size() : at + 1;
+}
+
+Stretch FindPassword(std::string_view text, std::string_view lower, std::size_t from) {
+    for (; from < text.size(); ++from) {
+        const std::string_view rest = lower.substr(from);
+        const std::size_t key = rest.starts_with("pwd") ? 3 : rest.starts_with("password") ? 8 : 0;
+        if (key == 0)
+            continue;
+        std::size_t at = std::min(text.find_first_not_of(' ', from + key), text.size());
+        if (text.substr(at, 1) != "=")
+            continue;
+        at = std::min(text.find_first_not_of(' ', at + 1), text.size());
+        if (text.substr(at, 1) == "{")
+            return {at, EndOfBraces(text, at + 1)};
+        return {at, std::min(text.find_first_of(";\n", at), text.size())};
+    }
+    return {text.size(), text.size()};
+}
+
 }  // namespace
 
 ConnectionString::ConnectionString(std::string_view text) {
@@ -62,6 +92,19 @@ const std::string& ConnectionString::Value(std::string_view key) const {
 std::string WrittenValue(std::string_view value) {
     const bool plain = value.find_first_of(";{}") == value.npos && Trim(value) == value;
     return plain ? std::string(value) : '{' + Replace(value, "}", "}}") + '}';
+}
+
+std::string MaskPasswords(std::string_view text) {
+    const std::string lower = ToLower(text);
+    std::string masked;
+    for (std::size_t from = 0; from < text.size();) {
+        const Stretch password = FindPassword(text, lower, from);
+        masked.append(text.substr(from, password.begin - from));
+        if (password.end > password.begin)
+            masked.append("***");
+        from = password.end;
+    }
+    return masked;
 }
 
 }  // namespace vellumark::platform

@@ -30,4 +30,7 @@ class ConnectionString {
 // The value as a connection string carries it: in braces when it needs them.
 std::string WrittenValue(std::string_view value);
 
+// A text that may hold a connection string, as people may see it: "***" in place of each password.
+std::string MaskPasswords(std::string_view text);
+
 }  // namespace vellumark::platform

@@ -63,6 +63,11 @@ bool OpenFoundConnection() {
     return open;
 }
 
+// A string that was taken for a file's name stands in the engine's text.
+void ShowFailure(const platform::Error& error) {
+    platform::ShowExclamation(platform::MaskPasswords(error.Line()));
+}
+
 // The string of a direct connection to some other DBMS names a data source as well.
 dao::Database OpenThroughDAO(const std::string& connectionString, bool useODBC, const std::string& dsn) {
     const platform::ConnectionString parts(connectionString);
@@ -89,7 +94,7 @@ bool fOpenADOConnection(const std::string& connectionString) {
     try {
         connection.Open(connectionString);
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Line());
+        ShowFailure(error);
     }
     return connection.IsOpen();
 }
@@ -100,7 +105,7 @@ bool fOpenDAODatabase(const std::string& connectionString, bool useODBC, const s
     try {
         database = OpenThroughDAO(connectionString, useODBC, dsn);
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Line());
+        ShowFailure(error);
     }
     return database.IsOpen();
 }

@@ -47,5 +47,25 @@ TEST(ConnectionStringTest, WritesAnyValue) {
     EXPECT_EQ(WrittenValue("p@ss=word"), "p@ss=word");
 }
 
+TEST(ConnectionStringTest, MasksPasswords) {
+    const struct {
+        std::string_view text, expected;
+    } cases[] = {
+        {"DSN=a;UID=b;PWD=secret;DATABASE=c", "DSN=a;UID=b;PWD=***;DATABASE=c"},
+        {"User Id=u;Password = secret;Data Source=d", "User Id=u;Password = ***;Data Source=d"},
+        {"pwd={sec;r}}et};UID=u;PWD=again", "pwd=***;UID=u;PWD=***"},
+        {"Jet OLEDB:Database Password=secret", "Jet OLEDB:Database Password=***"},
+        {"PWD={secret", "PWD=***"},
+        {"PWD= ;UID=u", "PWD= ;UID=u"},
+        {"PWD=", "PWD="},
+        {"[08001] bad string 'PWD=se cret'\n[01000] more", "[08001] bad string 'PWD=***\n[01000] more"},
+        {"password authentication failed for user \"u\"", "password authentication failed for user \"u\""},
+        {"Cannot open /home/pwd", "Cannot open /home/pwd"},
+        {"", ""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(MaskPasswords(c.text), c.expected);
+}
+
 }  // namespace
 }  // namespace vellumark::platform

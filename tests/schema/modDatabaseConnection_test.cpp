@@ -126,6 +126,7 @@ TEST_F(ModDatabaseConnectionTest, FailingOpenShowsTheEngineAndDisconnects) {
         {'A', false, "driver={Microsoft Access Driver (*.mdb)};DBQ=" + missing,
          "exclamation: Error: 3024 Could not find file '" + missing + "'."},
         {'D', false, missing, "exclamation: Error: 3024 Could not find file '" + missing + "'."},
+        {'D', false, "SERVER=s;PWD=secret", "exclamation: Error: 3024 Could not find file 'SERVER=s;PWD=***"},
         {'A', false, "Provider = MSDAORA;Password=pw",
          "exclamation: Error: 3706 Provider cannot be found. No driver is installed for the provider "
          "'MSDAORA'. Please install Oracle's Instant Client with its ODBC part. Installed are: SQLite3, "

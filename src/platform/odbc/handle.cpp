@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/connection_string.h"
 #include "platform/error.h"
-#include "platform/text.h"
 
 namespace vellumark::odbc {
 
@@ -41,18 +41,6 @@ bool ReadRecord(const Handle& handle, SQLSMALLINT place, Record& record) {
     return true;
 }
 
-// A driver may repeat the connection string that it was given.
-std::string WithoutPasswords(std::string text) {
-    for (const std::string_view key : {"pwd=", "password="}) {
-        std::size_t from = 0;
-        while ((from = platform::ToLower(text).find(key, from)) != text.npos) {
-            from += key.size();
-            text.replace(from, std::min(text.find(';', from), text.size()) - from, "***");
-        }
-    }
-    return text;
-}
-
 }  // namespace
 
 Handle NewHandle(SQLSMALLINT type, SQLHANDLE parent) {
@@ -81,7 +69,8 @@ void ThrowDiagnostics(const Handle& handle) {
     }
     if (description.empty())
         description = "ODBC call failed.";
-    throw platform::Error(number, WithoutPasswords(std::move(description)));
+    // A driver may repeat the connection string that it was given.
+    throw platform::Error(number, platform::MaskPasswords(description));
 }
 
 SQLCHAR* Bytes(std::string_view text) {
