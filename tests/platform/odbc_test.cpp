@@ -17,7 +17,9 @@ const Installed kMachine{
     {"FreeTDS", "ODBC Driver 17 for SQL Server", "ODBC Driver 18 for SQL Server", "Oracle 21 ODBC driver",
      "IBM DB2 ODBC DRIVER", "PostgreSQL Unicode", "MariaDB Unicode", "SQLite3"},
     {{"orders", "PostgreSQL Unicode"}, {"ledger", "/opt/acme/libacme.so"}}};
-const Installed kWithFreeTds{{"FreeTDS", "SQLite3"}, {}};
+const Installed kWithFreeTds{
+    {"FreeTDS", "SQLite3"},
+    {{"bare", ""}, {"sales", "Oracle 19"}, {"notes", "Acme"}, {"file", "libacme.so"}}};
 
 std::string Outcome(std::string_view text, const Installed& installed) {
     try {
@@ -74,11 +76,20 @@ TEST(DriverStringTest, SaysWhatIsMissing) {
          "odbc-postgresql." +
              installed},
         {"DSN=shop;PWD=secret", "No data source 'shop' is set up. Please define it in odbc.ini."},
+        {"Data Source=bare;Password=secret",
+         "The data source 'bare' names no driver. Please set its Driver in odbc.ini."},
+        {"DSN=Sales;PWD=secret",
+         "No driver is installed for the driver 'Oracle 19' of the data source 'Sales'. Please install "
+         "Oracle's Instant Client with its ODBC part." +
+             installed},
+        {"DSN=notes", "No driver is installed for the driver 'Acme' of the data source 'notes'." + installed},
+        {"Driver={Acme;PWD=secret", "No driver is installed for the driver 'Acme;PWD=***"},
         {"User Id=u;Password=secret;Data Source=;server=s",
          "The connection string names no driver and no data source."},
     };
     for (const auto& c : cases)
         EXPECT_EQ(Outcome(c.text, kWithFreeTds), start + c.expected) << c.text;
+    EXPECT_EQ(Outcome("DSN=file", kWithFreeTds), "DSN=file");
     EXPECT_EQ(Outcome("Provider=sqloledb", {}),
               start +
                   "No driver is installed for the provider 'sqloledb'. Please install the package tdsodbc or "

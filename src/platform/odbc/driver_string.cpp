@@ -58,7 +58,8 @@ const KnownDriver* FindKnownDriver(std::string_view name) {
 }
 
 [[noreturn]] void ThrowNotFound(const std::string& what) {
-    throw platform::Error(platform::kProviderNotFound, "Provider cannot be found. " + what);
+    throw platform::Error(platform::kProviderNotFound,
+                          platform::MaskPasswords("Provider cannot be found. " + what));
 }
 
 [[noreturn]] void ThrowNoDriver(const std::string& wanted, std::string_view install,
@@ -156,16 +157,14 @@ std::string ComposeForProvider(const ConnectionString& parts, const Installed& i
     return out;
 }
 
-// The name of the driver; a path to one is taken as it is.
-std::string NamedDriver(const ConnectionString& parts, const Installed& installed) {
-    const std::string& name = parts.Value("Driver");
+// Does nothing for the file of a driver, which needs no entry.
+void CheckInstalled(const std::string& name, const std::string& wanted, const Installed& installed) {
     const bool known = std::ranges::any_of(
         installed.drivers, [&](const std::string& driver) { return EqualsIgnoringCase(driver, name); });
-    if (!known && !name.starts_with('/')) {
-        const KnownDriver* driver = FindKnownDriver(name);
-        ThrowNoDriver("driver '" + name + "'", driver == nullptr ? "" : driver->install, installed);
-    }
-    return name;
+    if (known || name.find('/') != name.npos || ContainsIgnoringCase(name, ".so"))
+        return;
+    const KnownDriver* driver = FindKnownDriver(name);
+    ThrowNoDriver(wanted, driver == nullptr ? "" : driver->install, installed);
 }
 
 std::string DriverOfSource(const std::string& name, const Installed& installed) {
@@ -173,12 +172,19 @@ std::string DriverOfSource(const std::string& name, const Installed& installed) 
         installed.sources, [&](const DataSource& source) { return EqualsIgnoringCase(source.name, name); });
     if (found == installed.sources.end())
         ThrowNotFound("No data source '" + name + "' is set up. Please define it in odbc.ini.");
+    if (found->driver.empty())
+        ThrowNotFound("The data source '" + name + "' names no driver. Please set its Driver in odbc.ini.");
+    CheckInstalled(found->driver, "driver '" + found->driver + "' of the data source '" + name + "'",
+                   installed);
     return found->driver;
 }
 
 std::string DriverOf(const ConnectionString& parts, const Installed& installed) {
-    if (!parts.Value("Driver").empty())
-        return NamedDriver(parts, installed);
+    const std::string& driver = parts.Value("Driver");
+    if (!driver.empty()) {
+        CheckInstalled(driver, "driver '" + driver + "'", installed);
+        return driver;
+    }
     for (const std::string_view key : {"DSN", "Data Source"})
         if (!parts.Value(key).empty())
             return DriverOfSource(parts.Value(key), installed);
