@@ -21,6 +21,7 @@ bool DelimitedReader::ReadRow() {
     if (!ReadLine())
         return false;
     ++rowNumber_;
+    lineOfRow_ = lineNumber_;
     at_ = rowNumber_ == 1 && line_.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
     std::size_t count = 0;
     for (bool more = true; more; ++count) {
@@ -36,8 +37,10 @@ bool DelimitedReader::ReadRow() {
 }
 
 bool DelimitedReader::ReadLine() {
-    if (std::getline(in_, line_))
+    if (std::getline(in_, line_)) {
+        ++lineNumber_;
         return true;
+    }
     if (in_.bad())
         throw Error(kDeviceIOError, "The file can't be read.");
     return false;

@@ -23,8 +23,10 @@ class DelimitedReader {
     bool ReadRow();
     // The row read last. An empty line has one empty field. Valid until the next ReadRow.
     const std::vector<DelimitedField>& Fields() const { return fields_; }
-    // Counted from 1.
+    // Counted from 1; a row with line ends in its fields has more than one line.
     int RowNumber() const { return rowNumber_; }
+    // The first line of the row.
+    int LineNumber() const { return lineOfRow_; }
 
  private:
     bool ReadLine();
@@ -39,6 +41,8 @@ class DelimitedReader {
     std::size_t at_ = 0;
     std::vector<DelimitedField> fields_;
     int rowNumber_ = 0;
+    int lineNumber_ = 0;
+    int lineOfRow_ = 0;
 };
 
 }  // namespace vellumark::platform

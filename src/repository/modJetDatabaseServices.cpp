@@ -72,7 +72,7 @@ void WriteSchemaIni(const std::string& path, const std::string& content) {
     file.Close();
 }
 
-void LoadText(const TextLoad& load) {
+int LoadText(const TextLoad& load) {
     const std::string folder = platform::PlatformPath(platform::Trim(load.textFolder));
     const std::string textPath = JoinPath(folder, load.textFile);
     const std::string mdbFolder = platform::PlatformPath(platform::Trim(load.mdbFolder));
@@ -86,8 +86,9 @@ void LoadText(const TextLoad& load) {
     if (!text || !platform::FileExists(textPath))
         throw platform::Error(platform::kFileNotFound, "File not found: '" + textPath + "'");
     WriteSchemaIni(JoinPath(folder, kSchemaIni), SchemaIni(table, load.textFile, load.delimiter));
-    AppendDelimitedText(database, table, text, load.delimiter);
+    const int rows = AppendDelimitedText(database, table, text, load.delimiter);
     transaction.Commit();
+    return rows;
 }
 
 }  // namespace
@@ -122,9 +123,11 @@ void DeleteTableIfPresent(const dao::Database& database, std::string_view tableN
         database.DropTable(tableName);
 }
 
-bool fLoadTextIntoJetTable(const TextLoad& load) {
+bool fLoadTextIntoJetTable(const TextLoad& load, int* rows) {
     try {
-        LoadText(load);
+        const int loaded = LoadText(load);
+        if (rows != nullptr)
+            *rows = loaded;
         return true;
     } catch (const platform::Error& error) {
         platform::ShowUnexpectedError("loading Jet table", error);

@@ -39,6 +39,7 @@ struct TextLoad {
 };
 
 // Adds the rows of a delimited text file to a table, all or none, and leaves a schema.ini beside the file.
-bool fLoadTextIntoJetTable(const TextLoad& load);
+// `rows` receives how many there are.
+bool fLoadTextIntoJetTable(const TextLoad& load, int* rows = nullptr);
 
 }  // namespace vellumark

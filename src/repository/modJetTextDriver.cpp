@@ -65,8 +65,11 @@ dao::Statement PrepareInsert(const dao::Database& database, const dao::TableDef&
                             marks + ")");
 }
 
-[[noreturn]] void ThrowInRow(int row, const platform::Error& error) {
-    throw platform::Error(error.Number(), "Row " + std::to_string(row) + ": " + error.Description());
+[[noreturn]] void ThrowInRow(const platform::DelimitedReader& reader, const platform::Error& error) {
+    std::string place = "Row " + std::to_string(reader.RowNumber());
+    if (reader.LineNumber() != reader.RowNumber())
+        place += " (line " + std::to_string(reader.LineNumber()) + ")";
+    throw platform::Error(error.Number(), place + ": " + error.Description());
 }
 
 class RowLoader {
@@ -132,16 +135,17 @@ std::string SchemaIni(const dao::TableDef& table, std::string_view textFile, std
     return lines;
 }
 
-void AppendDelimitedText(const dao::Database& database, const dao::TableDef& table, std::istream& text,
-                         std::string_view delimiter) {
+int AppendDelimitedText(const dao::Database& database, const dao::TableDef& table, std::istream& text,
+                        std::string_view delimiter) {
     platform::DelimitedReader reader(text, delimiter);
     RowLoader loader(database, table);
     try {
         while (reader.ReadRow())
             loader.Load(reader.Fields());
     } catch (const platform::Error& error) {
-        ThrowInRow(reader.RowNumber(), error);
+        ThrowInRow(reader, error);
     }
+    return reader.RowNumber();
 }
 
 }  // namespace vellumark

@@ -173,6 +173,8 @@ TEST_F(TextIntoTable, LoadsNothingWhenOneRowIsBad) {
         {"1,a\r\n99999999999,b\r\n", "Error: 6 Row 2: column Id: "},
         {"1,a\r\n2,b,extra\r\n", "Error: 13 Row 2: the table has no column for 'extra'"},
         {"1,a\r\n2,\"b\r\n3,c\r\n", "Error: 13 Row 2: A quote is not closed."},
+        {"1,\"a\r\nb\"\r\n2,\"c\r\nd\"\r\nx,e\r\n",
+         "Error: 13 Row 3 (line 5): column Id: 'x' is no whole number"},
         {"1,a\r\n1,b\r\n", "Error: 3022 Row 2: "},
         {"1,a\r\n,b\r\n", "Error: 3314 Row 2: "},
     };

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+// Loading a delimited text file into a table of an embedded database.
+namespace vellumark {
+
+struct TableLoad {
+    std::string database;  // name and path of the file
+    std::string table;
+    std::string file;
+    std::string delimiter;
+};
+
+enum class TableLoadField { Database, Table, File, Delimiter };
+
+// The first field that is empty or names no file, after its message; nothing when all are well.
+std::optional<TableLoadField> FindLoadFault(const TableLoad& load);
+
+// Loads all rows or none, and says which: the number of rows, or nothing behind the messages.
+std::optional<int> fLoadTable(const TableLoad& load);
+
+}  // namespace vellumark
