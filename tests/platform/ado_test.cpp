@@ -45,9 +45,8 @@ TEST(AdoConnectionTest, OpensWithAClearError) {
          "Error: 3706 Provider cannot be found. No data source 'orders' is set up. Please define it in "
          "odbc.ini."},
         {"DRIVER={No Such};PWD=pw1",
-         "Error: 3706 Provider cannot be found. No driver is installed for the driver 'No Such'. Installed "
-         "are: "
-         "SQLite3, Ghost Driver."},
+         "Error: 3706 Provider cannot be found. The driver 'No Such' is not installed. Please install it, "
+         "with an entry in odbcinst.ini. Installed are: SQLite3, Ghost Driver."},
         {"PWD=pw1",
          "Error: 3706 Provider cannot be found. The connection string names no driver and no data source."},
     };

@@ -70,20 +70,29 @@ TEST(DriverStringTest, SaysWhatIsMissing) {
          "ODBC "
          "part." +
              installed},
-        {"Provider=Acme;PWD=secret", "No driver is installed for the provider 'Acme'." + installed},
+        {"Provider=Acme;PWD=secret",
+         "No driver is installed for the provider 'Acme'. Please install an ODBC driver and name it instead, "
+         "as DRIVER={...}." +
+             installed},
         {"Driver={PostgreSQL Unicode};PWD=secret",
-         "No driver is installed for the driver 'PostgreSQL Unicode'. Please install the package "
+         "The driver 'PostgreSQL Unicode' is not installed. Please install the package "
          "odbc-postgresql." +
              installed},
         {"DSN=shop;PWD=secret", "No data source 'shop' is set up. Please define it in odbc.ini."},
         {"Data Source=bare;Password=secret",
          "The data source 'bare' names no driver. Please set its Driver in odbc.ini."},
         {"DSN=Sales;PWD=secret",
-         "No driver is installed for the driver 'Oracle 19' of the data source 'Sales'. Please install "
+         "The driver 'Oracle 19' of the data source 'Sales' is not installed. Please install "
          "Oracle's Instant Client with its ODBC part." +
              installed},
-        {"DSN=notes", "No driver is installed for the driver 'Acme' of the data source 'notes'." + installed},
-        {"Driver={Acme;PWD=secret", "No driver is installed for the driver 'Acme;PWD=***"},
+        {"DSN=notes",
+         "The driver 'Acme' of the data source 'notes' is not installed. Please install it, with an entry in "
+         "odbcinst.ini." +
+             installed},
+        {"Driver={Firebird};PWD=secret",
+         "The driver 'Firebird' is not installed. Please install it, with an entry in odbcinst.ini." +
+             installed},
+        {"Driver={Acme;PWD=secret", "The driver 'Acme;PWD=***"},
         {"User Id=u;Password=secret;Data Source=;server=s",
          "The connection string names no driver and no data source."},
     };
@@ -182,8 +191,10 @@ TEST(OdbcSourcesTest, TellsOfABrokenDriverAndAMissingFile) {
     EXPECT_EQ(error("DSN=ghosts;PWD=secret"),
               "Error: 3146 [01000] [unixODBC][Driver Manager]Can't open lib '/nowhere/libghost.so' : file "
               "not found");
-    EXPECT_TRUE(
-        error("DSN=shop;DATABASE=/nowhere/x.db;PWD=secret").starts_with("Error: 14 [HY000] [SQLite]"));
+    EXPECT_EQ(error("DSN=shop;DATABASE=/nowhere/x.db;PWD=secret"),
+              "Error: 3024 Could not find file '/nowhere/x.db'.");
+    const test::TempFolder folder;
+    EXPECT_EQ(error("DSN=shop;DATABASE=" + folder.Path("new.db") + ";NoCreat=0"), "opened");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "platform/error.h"
+#include "platform/files.h"
 #include "platform/text.h"
 
 namespace vellumark::odbc {
@@ -62,11 +63,8 @@ const KnownDriver* FindKnownDriver(std::string_view name) {
                           platform::MaskPasswords("Provider cannot be found. " + what));
 }
 
-[[noreturn]] void ThrowNoDriver(const std::string& wanted, std::string_view install,
-                                const Installed& installed) {
-    std::string text = "No driver is installed for the " + wanted + ".";
-    if (!install.empty())
-        text.append(" Please install ").append(install).append(".");
+[[noreturn]] void ThrowNoDriver(std::string text, std::string_view install, const Installed& installed) {
+    text.append(" Please install ").append(install).append(".");
     std::string names;
     for (const std::string& name : installed.drivers)
         names.append(names.empty() ? " Installed are: " : ", ").append(name);
@@ -144,27 +142,28 @@ std::string FindDriver(const std::vector<std::string>& installed, std::span<cons
 
 std::string ComposeForProvider(const ConnectionString& parts, const Installed& installed) {
     const std::string& word = parts.Value("Provider");
-    const std::string wanted = "provider '" + word + "'";
+    const std::string missing = "No driver is installed for the provider '" + word + "'.";
     const auto found = std::ranges::find_if(
         kProviders, [&](const Provider& provider) { return EqualsIgnoringCase(provider.word, word); });
     if (found == kProviders.end())
-        ThrowNoDriver(wanted, "", installed);
+        ThrowNoDriver(missing, "an ODBC driver and name it instead, as DRIVER={...}", installed);
     const std::string driver = FindDriver(installed.drivers, found->drivers);
     if (driver.empty())
-        ThrowNoDriver(wanted, found->install, installed);
+        ThrowNoDriver(missing, found->install, installed);
     std::string out = "DRIVER={" + driver + "}";
     found->compose(out, parts);
     return out;
 }
 
 // Does nothing for the file of a driver, which needs no entry.
-void CheckInstalled(const std::string& name, const std::string& wanted, const Installed& installed) {
+void CheckInstalled(const std::string& name, const std::string& nameInText, const Installed& installed) {
     const bool known = std::ranges::any_of(
         installed.drivers, [&](const std::string& driver) { return EqualsIgnoringCase(driver, name); });
     if (known || name.find('/') != name.npos || ContainsIgnoringCase(name, ".so"))
         return;
     const KnownDriver* driver = FindKnownDriver(name);
-    ThrowNoDriver(wanted, driver == nullptr ? "" : driver->install, installed);
+    ThrowNoDriver("The driver " + nameInText + " is not installed.",
+                  driver == nullptr ? "it, with an entry in odbcinst.ini" : driver->install, installed);
 }
 
 std::string DriverOfSource(const std::string& name, const Installed& installed) {
@@ -174,15 +173,14 @@ std::string DriverOfSource(const std::string& name, const Installed& installed) 
         ThrowNotFound("No data source '" + name + "' is set up. Please define it in odbc.ini.");
     if (found->driver.empty())
         ThrowNotFound("The data source '" + name + "' names no driver. Please set its Driver in odbc.ini.");
-    CheckInstalled(found->driver, "driver '" + found->driver + "' of the data source '" + name + "'",
-                   installed);
+    CheckInstalled(found->driver, "'" + found->driver + "' of the data source '" + name + "'", installed);
     return found->driver;
 }
 
 std::string DriverOf(const ConnectionString& parts, const Installed& installed) {
     const std::string& driver = parts.Value("Driver");
     if (!driver.empty()) {
-        CheckInstalled(driver, "driver '" + driver + "'", installed);
+        CheckInstalled(driver, "'" + driver + "'", installed);
         return driver;
     }
     for (const std::string_view key : {"DSN", "Data Source"})
@@ -215,6 +213,13 @@ std::string PassOn(const ConnectionString& parts, std::string_view driver) {
     return out;
 }
 
+// Of a missing file SQLite's driver says no more than that it failed.
+void CheckFile(const ConnectionString& parts) {
+    const std::string& file = parts.Value("Database");
+    if (parts.Value("NoCreat") == "1" && file.starts_with('/') && !platform::FileExists(file))
+        throw platform::Error(platform::kFileCannotBeFound, "Could not find file '" + file + "'.");
+}
+
 }  // namespace
 
 std::string DriverManagerString(std::string_view connectionString, const Installed& installed) {
@@ -226,7 +231,9 @@ std::string DriverManagerString(std::string_view connectionString, const Install
 }
 
 std::string DriverManagerString(std::string_view connectionString) {
-    return DriverManagerString(connectionString, {Drivers(), DataSources()});
+    const std::string text = DriverManagerString(connectionString, {Drivers(), DataSources()});
+    CheckFile(ConnectionString(text));
+    return text;
 }
 
 bool NamesSource(const ConnectionString& parts) {

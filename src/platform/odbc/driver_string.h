@@ -19,7 +19,7 @@ struct Installed {
 // added unless the user says otherwise. Empty values are dropped, so that a data source's own ones hold.
 // Throws kProviderNotFound, saying what to install but none of the string's secrets.
 std::string DriverManagerString(std::string_view connectionString, const Installed& installed);
-// With what this machine has.
+// With what this machine has. Throws kFileCannotBeFound as well, for SQLite.
 std::string DriverManagerString(std::string_view connectionString);
 
 // True when the string names a driver or a data source.
