@@ -18,6 +18,7 @@ struct CommandLine {
 };
 
 void AddSchemaCommands(CLI::App& app, CommandLine& line);
+void AddConnectionCommands(CLI::App& app, CommandLine& line);
 void AddScenarioCommands(CLI::App& app, CommandLine& line);
 void AddRuleCommands(CLI::App& app, CommandLine& line);
 void AddSourceCommands(CLI::App& app, CommandLine& line);

@@ -1,11 +1,49 @@
 #include "cli/connectionWords.h"
 
+#include <cstdlib>
 #include <filesystem>
 
+#include "cli/passwordPrompt.h"
+#include "platform/connection_string.h"
+#include "platform/dialogs.h"
+#include "platform/odbc/driver_string.h"
 #include "schema/modConnectionForm.h"
 #include "schema/modConnectionString.h"
 
 namespace vellumark {
+
+namespace {
+
+// False when it was to be typed and was not.
+bool TakePassword(const ConnectionWords& words, ConnectionDetails& details) {
+    const char* inEnvironment = std::getenv("VELLUMARK_PASSWORD");
+    if (words.askPassword) {
+        const std::optional<std::string> typed = AskPassword();
+        if (!typed) {
+            platform::ShowExclamation("No password was given.");
+            return false;
+        }
+        details.password = *typed;
+    } else if (details.password.empty() && inEnvironment != nullptr) {
+        details.password = inEnvironment;
+    }
+    return true;
+}
+
+// A file's path is no string of keys.
+void AddPassword(ConnectionDetails& details) {
+    const platform::ConnectionString parts(details.connectionString);
+    const bool hasKeys =
+        odbc::NamesSource(parts) || !parts.Value("Provider").empty() || !parts.Value("Data Source").empty();
+    if (!hasKeys || details.password.empty() || !parts.Value("PWD").empty() ||
+        !parts.Value("Password").empty())
+        return;
+    if (!details.connectionString.ends_with(';'))
+        details.connectionString += ';';
+    details.connectionString += "PWD=" + platform::WrittenValue(details.password);
+}
+
+}  // namespace
 
 CLI::Option* AddConnectionOptions(CLI::App& command, ConnectionWords& words) {
     ConnectionDetails& details = words.details;
@@ -22,7 +60,10 @@ CLI::Option* AddConnectionOptions(CLI::App& command, ConnectionWords& words) {
     command.add_option("--database", details.database, "Database on the server");
     command.add_option("--dsn", details.dsn, "ODBC data source");
     command.add_option("--user", details.userId, "User");
-    command.add_option("--password", details.password, "Password");
+    CLI::Option* password = command.add_option("--password", details.password,
+                                               "Password (default: the environment's VELLUMARK_PASSWORD)");
+    command.add_flag("--ask-password", words.askPassword, "Ask for the password without showing it")
+        ->excludes(password);
     command.add_option("--owner", details.owner, "Read the tables of this owner only");
     command.add_option("--connection-string", details.connectionString,
                        "Use this string instead of a composed one");
@@ -43,12 +84,16 @@ std::optional<ConnectionDetails> CompleteConnection(const ConnectionWords& words
         SetPrefixDefaults(details);
     details.ignoreTablePrefix = words.tablePrefix.value_or(details.ignoreTablePrefix);
     details.ignoreOwnerPrefix = words.ownerPrefix.value_or(details.ignoreOwnerPrefix);
+    if (!TakePassword(words, details))
+        return std::nullopt;
     details.useDefaultString = details.connectionString.empty();
     if (details.useDefaultString) {
         std::optional<std::string> text = ConnectionString(details);
         if (!text)
             return std::nullopt;
         details.connectionString = std::move(*text);
+    } else {
+        AddPassword(details);
     }
     return details;
 }

@@ -60,6 +60,7 @@ int Main(int argc, char** argv) {
                  "vellumark-cli");
     DescribeProgram(app, line);
     AddSchemaCommands(app, line);
+    AddConnectionCommands(app, line);
     AddScenarioCommands(app, line);
     AddRuleCommands(app, line);
     AddSourceCommands(app, line);
