@@ -1,6 +1,6 @@
 #include "platform/screens/houseStyle.h"
 
-#include <QStyleOptionButton>
+#include <QStyleOption>
 #include <algorithm>
 
 namespace vellumark {
@@ -36,6 +36,18 @@ QSize HouseStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     if (type == CT_PushButton && button != nullptr && !button->text.isEmpty())
         whole.setWidth(std::max(kShortestButton, whole.width() + kButtonPadding));
     return whole;
+}
+
+void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    const auto* panel = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (element != PE_PanelLineEdit || panel == nullptr || !panel->state.testFlag(State_ReadOnly)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    QStyleOptionFrame ground(*panel);
+    ground.palette.setBrush(QPalette::Base, panel->palette.window());
+    QProxyStyle::drawPrimitive(element, &ground, painter, widget);
 }
 
 }  // namespace vellumark

@@ -4,7 +4,8 @@
 
 namespace vellumark {
 
-// The desktop's own style with the margins and spacing of this program's screens. Forms leave theirs unset.
+// The desktop's own style with the margins and spacing of this program's screens, which forms leave unset.
+// Fields that can only be read lie on the ground of their screen.
 class HouseStyle : public QProxyStyle {
  public:
     using QProxyStyle::QProxyStyle;
@@ -12,6 +13,8 @@ class HouseStyle : public QProxyStyle {
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
 };
 
 }  // namespace vellumark
