@@ -21,6 +21,8 @@ QPalette DarkPalette() {
     dark.setColor(QPalette::Highlight, QColor(0x3a, 0x6e, 0xa5));
     dark.setColor(QPalette::HighlightedText, Qt::white);
     dark.setColor(QPalette::Link, QColor(0x6c, 0xa8, 0xe8));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(0x7a, 0x7d, 0x82));
     return dark;
 }
 
@@ -29,6 +31,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootPlatformScreens,
     vellumark::test::ShootSchemaEditor,
     vellumark::test::ShootGenericValues,
+    vellumark::test::ShootPatternScreens,
 };
 
 }  // namespace

@@ -1,0 +1,18 @@
+#include "album.h"
+#include "repository/modEditPatternScreens.h"
+#include "repository/screens/frmEPSelection.h"
+#include "repository/screens/frmUpdateEditPatterns.h"
+
+namespace vellumark::test {
+
+void ShootPatternScreens(const Album& album) {
+    EditPatternCaller = "cmdITFDate";
+    EditPatternText = "D001C001M001C001Y001";
+    frmUpdateEditPatterns pattern(nullptr);
+    album.Take("frmUpdateEditPatterns", pattern);
+    EditPatternChoice = "cmdSeparator";
+    frmEPSelection selection(nullptr);
+    album.Take("frmEPSelection", selection);
+}
+
+}  // namespace vellumark::test
