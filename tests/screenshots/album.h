@@ -28,6 +28,7 @@ class Album {
 void ShootPlatformScreens(const Album& album);
 void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);
+void ShootForeignKeys(const Album& album);
 void ShootPatternScreens(const Album& album);
 
 }  // namespace vellumark::test

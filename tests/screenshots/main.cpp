@@ -28,9 +28,8 @@ QPalette DarkPalette() {
 
 // Each call starts from the same open schema and Scenario.
 constexpr std::array kFiles = {
-    vellumark::test::ShootPlatformScreens,
-    vellumark::test::ShootSchemaEditor,
-    vellumark::test::ShootGenericValues,
+    vellumark::test::ShootPlatformScreens, vellumark::test::ShootSchemaEditor,
+    vellumark::test::ShootGenericValues,   vellumark::test::ShootForeignKeys,
     vellumark::test::ShootPatternScreens,
 };
 
