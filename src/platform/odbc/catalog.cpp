@@ -110,20 +110,24 @@ std::vector<CatalogTable> Catalog::Tables() {
 }
 
 std::vector<CatalogColumn> Catalog::Columns(const CatalogTable& table) {
-    Handle statement = connection_.NewStatement();
-    const std::string owner = Escaped(table.owner);
-    const std::string name = Escaped(table.name);
-    Check(SQLColumns(statement.get(), Argument(catalog_).bytes, SQL_NTS, Argument(owner).bytes, SQL_NTS,
-                     Argument(name).bytes, SQL_NTS, nullptr, 0),
-          statement);
-    std::vector<CatalogColumn> columns;
-    for (Rows rows(std::move(statement)); rows.Next();)
-        if (rows.Text(kColumnTable) == table.name)
-            columns.push_back(ReadColumn(rows));
+    std::vector<CatalogColumn> columns = ReadColumns(table.owner, table.name)[table.name];
     const std::vector<std::string> key = PrimaryKey(table);
     for (CatalogColumn& column : columns)
         if (std::ranges::find(key, column.name) != key.end())
             column.nullable = false;
+    return columns;
+}
+
+ByTable<CatalogColumn> Catalog::ReadColumns(const std::string& owner, const std::string& table) const {
+    Handle statement = connection_.NewStatement();
+    const std::string ownerPattern = Escaped(owner);
+    const std::string tablePattern = Escaped(table);
+    Check(SQLColumns(statement.get(), Argument(catalog_).bytes, SQL_NTS, Argument(ownerPattern).bytes,
+                     SQL_NTS, Argument(tablePattern).bytes, SQL_NTS, nullptr, 0),
+          statement);
+    ByTable<CatalogColumn> columns;
+    for (Rows rows(std::move(statement)); rows.Next();)
+        columns[Text(rows, kColumnTable)].push_back(ReadColumn(rows));
     return columns;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,6 +41,9 @@ struct CatalogKey {
     std::string childColumn;
 };
 
+template <typename Thing>
+using ByTable = std::map<std::string, std::vector<Thing>>;
+
 class Catalog {
  public:
     explicit Catalog(const Connection& connection);
@@ -56,9 +60,11 @@ class Catalog {
 
  protected:
     const Connection& Source() const { return connection_; }
-    std::vector<std::string> PrimaryKey(const CatalogTable& table) const;
+    // Of all tables of an owner, or of the one with that name.
+    ByTable<CatalogColumn> ReadColumns(const std::string& owner, const std::string& table = "") const;
 
  private:
+    std::vector<std::string> PrimaryKey(const CatalogTable& table) const;
     std::string Escaped(const std::string& name) const;
 
     const Connection& connection_;

@@ -5,15 +5,9 @@
 // Catalogs of databases whose drivers' own answers are not enough.
 namespace vellumark::odbc {
 
-class PostgresCatalog : public Catalog {
- public:
-    using Catalog::Catalog;
-
-    std::vector<CatalogColumn> Columns(const CatalogTable& table) override;
-    std::vector<CatalogIndex> Indexes(const CatalogTable& table) override;
-};
-
-class MariaDBCatalog : public Catalog {
+// Asks a server once about all tables of an owner, since each question costs a way there and back, and keeps
+// the answers until the tables are listed again.
+class ServerCatalog : public Catalog {
  public:
     using Catalog::Catalog;
 
@@ -23,8 +17,39 @@ class MariaDBCatalog : public Catalog {
     std::vector<CatalogKey> KeysTo(const CatalogTable& parent) override;
 
  private:
-    // All at once: the server opens every table for each question about keys.
-    std::optional<std::vector<CatalogKey>> keys_;
+    virtual ByTable<CatalogColumn> ColumnsOf(const std::string& owner) = 0;
+    virtual ByTable<CatalogIndex> IndexesOf(const std::string& owner) = 0;
+    // By the table that the keys point to.
+    virtual ByTable<CatalogKey> KeysOf(const std::string& owner) = 0;
+
+    std::map<std::string, ByTable<CatalogColumn>> columns_;
+    std::map<std::string, ByTable<CatalogIndex>> indexes_;
+    std::map<std::string, ByTable<CatalogKey>> keys_;
+};
+
+class PostgresCatalog : public ServerCatalog {
+ public:
+    using ServerCatalog::ServerCatalog;
+
+    std::vector<CatalogIndex> Indexes(const CatalogTable& table) override;
+    std::vector<CatalogKey> KeysTo(const CatalogTable& parent) override;
+
+ private:
+    ByTable<CatalogColumn> ColumnsOf(const std::string& owner) override;
+    ByTable<CatalogIndex> IndexesOf(const std::string& owner) override;
+    ByTable<CatalogKey> KeysOf(const std::string& owner) override;
+};
+
+class MariaDBCatalog : public ServerCatalog {
+ public:
+    using ServerCatalog::ServerCatalog;
+
+    std::vector<CatalogTable> Tables() override;
+
+ private:
+    ByTable<CatalogColumn> ColumnsOf(const std::string& owner) override;
+    ByTable<CatalogIndex> IndexesOf(const std::string& owner) override;
+    ByTable<CatalogKey> KeysOf(const std::string& owner) override;
 };
 
 class SqliteCatalog : public Catalog {
@@ -35,6 +60,10 @@ class SqliteCatalog : public Catalog {
     std::vector<CatalogColumn> Columns(const CatalogTable& table) override;
     std::vector<CatalogIndex> Indexes(const CatalogTable& table) override;
     std::vector<CatalogKey> KeysTo(const CatalogTable& parent) override;
+
+ private:
+    // All at once: they are found where they start, not where they point to.
+    std::optional<ByTable<CatalogKey>> keys_;
 };
 
 }  // namespace vellumark::odbc
