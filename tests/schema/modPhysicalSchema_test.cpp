@@ -103,6 +103,21 @@ TEST_F(PhysicalSchemaTest, ReadsTablesAndKeysThroughBothProtocols) {
     }
 }
 
+// What a full-text index is kept in, and a table of a module that is not there.
+TEST_F(PhysicalSchemaTest, LeavesOutWhatNobodyCanFill) {
+    test::MakeEmbedded(path, R"(
+        create virtual table Words using fts5(Word);
+        create table Plain (Id INTEGER primary key);
+        create view Broken as select Gone from Nowhere;
+        pragma writable_schema = on;
+        insert into sqlite_master values ('table', 'Map', 'Map', 0, 'CREATE VIRTUAL TABLE Map USING atlas(x)');)");
+    for (const char protocol : {'A', 'D'}) {
+        EXPECT_EQ(Read(protocol), "True");
+        EXPECT_EQ(TableRows(), "1|Words||\n2|Plain||");
+        EXPECT_EQ(ColumnRows(), "1|1|Word|0|-1|1|Data|0|0\n2|1|Id|-1|0|1|Data|0|0");
+    }
+}
+
 TEST_F(PhysicalSchemaTest, ADataSourceBehindDAOTellsNoKeys) {
     test::MakeEmbedded(path, "create table A (Id LONG primary key, B LONG references A (Id));");
     ConnectionForm.useODBC = true;

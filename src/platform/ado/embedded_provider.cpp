@@ -1,5 +1,6 @@
 #include "platform/ado/embedded_provider.h"
 
+#include "platform/sqlite_tables.h"
 #include "platform/text.h"
 
 namespace vellumark::ado {
@@ -7,12 +8,6 @@ namespace vellumark::ado {
 namespace {
 
 constexpr std::string_view kDriverWord = "Microsoft Access Driver";
-
-std::string_view TableType(std::string_view name, std::string_view kind) {
-    if (platform::StartsWithIgnoringCase(name, "sqlite_") || platform::StartsWithIgnoringCase(name, "MSys"))
-        return "SYSTEM TABLE";
-    return kind == "view" ? "VIEW" : "TABLE";
-}
 
 dao::Value Text(std::string_view text) {
     return std::string(text);
@@ -44,11 +39,10 @@ EmbeddedProvider::EmbeddedProvider(const platform::ConnectionString& parts) : da
 
 Rowset EmbeddedProvider::Tables(const Restrictions& restrictions) const {
     Rowset rows({"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"});
-    dao::Statement list = database_.Prepare(
-        "select name, type from sqlite_master where type in ('table', 'view') order by rowid");
+    dao::Statement list = database_.Prepare(platform::kSqliteTables);
     while (list.Step()) {
         const std::string_view name = list.ColumnText(0);
-        const std::string_view type = TableType(name, list.ColumnText(1));
+        const std::string_view type = list.ColumnText(1);
         if (Passes(name, restrictions, 2) && Passes(type, restrictions, 3))
             rows.Add({dao::Value(), Text(name), Text(type)});
     }

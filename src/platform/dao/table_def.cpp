@@ -7,6 +7,7 @@
 #include "platform/dao/jet_sql.h"
 #include "platform/dao/odbc_link.h"
 #include "platform/error.h"
+#include "platform/sqlite_tables.h"
 #include "platform/text.h"
 
 namespace vellumark::dao {
@@ -108,9 +109,8 @@ std::vector<std::string> Database::TableNames() const {
     if (link_)
         return link_->TableNames();
     std::vector<std::string> names;
-    Statement list = Prepare(
-        "select name from sqlite_master where type = 'table' and name not like 'sqlite\\_%' escape '\\' "
-        "order by rowid");
+    Statement list = Prepare("select name from (" + std::string(platform::kSqliteTables) +
+                             ") where kind = 'TABLE' or name like 'MSys%'");
     while (list.Step())
         names.emplace_back(list.ColumnText(0));
     return names;

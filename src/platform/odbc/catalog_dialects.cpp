@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/error.h"
+#include "platform/sqlite_tables.h"
 #include "platform/text.h"
 
 namespace vellumark::odbc {
@@ -25,6 +26,14 @@ template <typename Thing>
 std::vector<Thing> Find(const ByTable<Thing>& things, const std::string& table) {
     const auto found = things.find(table);
     return found == things.end() ? std::vector<Thing>() : found->second;
+}
+
+// Rows of table and type.
+std::vector<CatalogTable> ReadTables(Cursor& rows) {
+    std::vector<CatalogTable> tables;
+    while (rows.Next())
+        tables.push_back({"", Text(rows, 0), Text(rows, 1)});
+    return tables;
 }
 
 // Rows of table, index, primary, unique and column; those of one index stand together.
@@ -86,6 +95,11 @@ constexpr std::string_view kPostgresKeys =
     " where k.contype = 'f' and n.nspname = ? and not (k.conparentid <> 0 and p.relispartition)"
     " order by k.oid, u.place";
 
+// The driver takes the database's name for a pattern.
+constexpr std::string_view kMariaDBTables =
+    "select table_name, if(table_type in ('BASE TABLE', 'SYSTEM VERSIONED'), 'TABLE', table_type)"
+    " from information_schema.tables where table_schema = database() order by table_name";
+
 constexpr std::string_view kMariaDBGenerated =
     "select table_name, column_name from information_schema.columns"
     " where table_schema = database() and extra like '% GENERATED'";
@@ -106,9 +120,6 @@ constexpr std::string_view kMariaDBKeys =
     " from information_schema.key_column_usage"
     " where table_schema = database() and referenced_table_schema = database()"
     " order by table_name, constraint_name, ordinal_position";
-
-constexpr std::string_view kSqliteTables =
-    "select name, type from sqlite_master where type in ('table', 'view') order by rowid";
 
 constexpr std::string_view kSqliteColumns =
     "select name, type, \"notnull\" or pk > 0 from pragma_table_xinfo(?) where hidden = 0 order by cid";
@@ -147,7 +158,7 @@ std::vector<CatalogTable> ServerCatalog::Tables() {
     columns_.clear();
     indexes_.clear();
     keys_.clear();
-    return Catalog::Tables();
+    return ListTables();
 }
 
 std::vector<CatalogColumn> ServerCatalog::Columns(const CatalogTable& table) {
@@ -197,11 +208,11 @@ ByTable<CatalogKey> PostgresCatalog::KeysOf(const std::string& owner) {
     return ReadKeys(*Source().Query(kPostgresKeys, {owner}));
 }
 
-std::vector<CatalogTable> MariaDBCatalog::Tables() {
+std::vector<CatalogTable> MariaDBCatalog::ListTables() {
     if (Source().CurrentCatalog().empty())
         throw platform::Error(platform::kQueryFailed,
                               "No database is selected. Please name one in the connection (DATABASE).");
-    return ServerCatalog::Tables();
+    return ReadTables(*Source().Query(kMariaDBTables));
 }
 
 ByTable<CatalogColumn> MariaDBCatalog::ColumnsOf(const std::string& owner) {
@@ -221,13 +232,7 @@ ByTable<CatalogKey> MariaDBCatalog::KeysOf(const std::string& /*owner*/) {
 
 std::vector<CatalogTable> SqliteCatalog::Tables() {
     keys_.reset();
-    std::vector<CatalogTable> tables;
-    const std::unique_ptr<Cursor> rows = Source().Query(kSqliteTables);
-    while (rows->Next()) {
-        const bool isSystem = platform::StartsWithIgnoringCase(rows->Text(0), "sqlite_");
-        tables.push_back({"", Text(*rows, 0), isSystem ? "SYSTEM TABLE" : platform::ToUpper(rows->Text(1))});
-    }
-    return tables;
+    return ReadTables(*Source().Query(platform::kSqliteTables));
 }
 
 std::vector<CatalogColumn> SqliteCatalog::Columns(const CatalogTable& table) {

@@ -11,12 +11,13 @@ class ServerCatalog : public Catalog {
  public:
     using Catalog::Catalog;
 
-    std::vector<CatalogTable> Tables() override;
+    std::vector<CatalogTable> Tables() final;
     std::vector<CatalogColumn> Columns(const CatalogTable& table) override;
     std::vector<CatalogIndex> Indexes(const CatalogTable& table) override;
     std::vector<CatalogKey> KeysTo(const CatalogTable& parent) override;
 
  private:
+    virtual std::vector<CatalogTable> ListTables() { return Catalog::Tables(); }
     virtual ByTable<CatalogColumn> ColumnsOf(const std::string& owner) = 0;
     virtual ByTable<CatalogIndex> IndexesOf(const std::string& owner) = 0;
     // By the table that the keys point to.
@@ -44,9 +45,8 @@ class MariaDBCatalog : public ServerCatalog {
  public:
     using ServerCatalog::ServerCatalog;
 
-    std::vector<CatalogTable> Tables() override;
-
  private:
+    std::vector<CatalogTable> ListTables() override;
     ByTable<CatalogColumn> ColumnsOf(const std::string& owner) override;
     ByTable<CatalogIndex> IndexesOf(const std::string& owner) override;
     ByTable<CatalogKey> KeysOf(const std::string& owner) override;
