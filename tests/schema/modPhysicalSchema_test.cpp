@@ -204,6 +204,13 @@ const struct {
     {"VARBINARY(20)", "adVarBinary|20|0|0|Blob|20|0|0|20", "dbVarBinary|0|0|0|Blob|0|0|0|20"},
     {"GUID", "adGUID|0|0|0|Blob|0|0|0|1024", "dbGUID|0|0|0|Blob|0|0|0|16"},
     {"UUID", "adGUID|0|0|0|Blob|0|0|0|1024", "dbGUID|0|0|0|Blob|0|0|0|16"},
+    {"BIGINT UNSIGNED", "adBigInt|0|19|0|Big Integer|0|19|0|8", "dbBigInt|0|0|0|Long Integer|0|10|0|4"},
+    {"TIMESTAMP WITH TIME ZONE", "adDBTimeStamp|0|0|0|TimeStamp|0|0|0|8", "dbDate|0|0|0|TimeStamp|0|0|0|8"},
+    {"timestamptz", "adDBTimeStamp|0|0|0|TimeStamp|0|0|0|8", "dbDate|0|0|0|TimeStamp|0|0|0|8"},
+    {"BYTEA", "adLongVarBinary|0|0|0|Blob|0|0|0|4096", "dbLongBinary|0|0|0|Blob|0|0|0|1024"},
+    {"", "adLongVarBinary|0|0|0|Blob|0|0|0|4096", "dbLongBinary|0|0|0|Blob|0|0|0|1024"},
+    {"NATIVE CHARACTER(70)", "adVarChar|70|0|0|Character|70|0|0|70", "dbText|0|0|0|Character|70|0|0|70"},
+    {"INT(11)", "adInteger|0|10|0|Long Integer|0|10|0|4", "dbLong|0|0|0|Long Integer|0|10|0|4"},
     {"UNSIGNED WIDEINT", "adInteger|0|10|0|Long Integer|0|10|0|4", "dbLong|0|0|0|Long Integer|0|10|0|4"},
     {"FOLIO", "adNumeric|0|0|0|Double|0|0|0|8", "dbNumeric|0|0|0|Double|0|15|0|8"},
 };
@@ -224,7 +231,7 @@ TEST_F(PhysicalSchemaTest, ReadsEveryDeclaredType) {
 }
 
 TEST_F(PhysicalSchemaTest, TextWithoutASizeIsUnlimited) {
-    test::MakeEmbedded(path, "create table T (A TEXT, B MEMO, C CLOB);");
+    test::MakeEmbedded(path, "create table T (A TEXT, B MEMO, C JSON);");
     EXPECT_EQ(Read('D'), "True");
     EXPECT_EQ(TypeRows(),
               "A|dbMemo|0|0|0|Character|1024|0|0|1024\n"

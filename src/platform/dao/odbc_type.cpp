@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -58,7 +59,19 @@ constexpr std::array kOdbcTypes = {
     OdbcType{kVariant, dbText, 12, Sized::Text},
 };
 
+// What some drivers pass for texts or bytes although it has a type of its own.
+constexpr std::pair<std::string_view, int> kNamedTypes[] = {{"timetz", SQL_TYPE_TIME}, {"uuid", SQL_GUID}};
+
 constexpr OdbcType kUnknown{0, dbText, 200, Sized::Text};
+
+const OdbcType& Find(const odbc::CatalogColumn& column) {
+    const auto named = std::ranges::find_if(kNamedTypes, [&](const auto& type) {
+        return platform::EqualsIgnoringCase(type.first, column.typeName);
+    });
+    const int sqlType = named == std::end(kNamedTypes) ? column.sqlType : named->second;
+    const auto found = std::ranges::find(kOdbcTypes, sqlType, &OdbcType::sqlType);
+    return found == kOdbcTypes.end() ? kUnknown : *found;
+}
 
 std::optional<int> AboveZero(const std::optional<int>& size) {
     return size.value_or(0) > 0 ? size : std::nullopt;
@@ -80,8 +93,7 @@ void ApplySize(ColumnType& type, Sized sized, const odbc::CatalogColumn& column)
 ColumnType ReadOdbcType(const odbc::CatalogColumn& column) {
     if (column.sqlType == 0)
         return ReadDeclaredType(column.typeName);
-    const auto found = std::ranges::find(kOdbcTypes, column.sqlType, &OdbcType::sqlType);
-    const OdbcType& known = found == kOdbcTypes.end() ? kUnknown : *found;
+    const OdbcType& known = Find(column);
     const bool isUnsigned =
         known.unsignedAdo != 0 && platform::ContainsIgnoringCase(column.typeName, "unsigned");
     ColumnType type;
