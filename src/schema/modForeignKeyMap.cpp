@@ -25,36 +25,46 @@ void MapKeyRow(const ado::Rowset& key, ForeignKeyMap& map) {
 
 }  // namespace
 
+void ForeignKeyMap::Names::Add(const std::string& name, int id) {
+    exact_.emplace(name, id);
+    folded_.emplace(platform::ToLower(name), id);
+}
+
+int ForeignKeyMap::Names::Find(std::string_view name) const {
+    if (const auto found = exact_.find(std::string(name)); found != exact_.end())
+        return found->second;
+    const auto found = folded_.find(platform::ToLower(name));
+    return found == folded_.end() ? 0 : found->second;
+}
+
 ForeignKeyMap::ForeignKeyMap(std::vector<SchemaTable>& tables) : tables_(tables) {
     int tableId = 0;
     for (const SchemaTable& table : tables) {
-        Table entry{++tableId, {}};
+        tableIds_.Add(table.name, ++tableId);
+        Names& columns = columnIds_.emplace_back();
         int columnId = 0;
         for (const SchemaColumn& column : table.columns)
-            entry.columnIds.emplace(platform::ToLower(column.name), ++columnId);
-        byName_.emplace(platform::ToLower(table.name), std::move(entry));
+            columns.Add(column.name, ++columnId);
     }
-}
-
-const ForeignKeyMap::Table* ForeignKeyMap::FindTable(std::string_view name) const {
-    const auto found = byName_.find(platform::ToLower(name));
-    return found == byName_.end() ? nullptr : &found->second;
 }
 
 void ForeignKeyMap::SetForeignKey(std::string_view parentTable, std::string_view parentColumn,
                                   std::string_view childTable, std::string_view childColumn) {
-    const Table* parent = FindTable(parentTable);
-    const Table* child = FindTable(childTable);
-    if (parent == nullptr || child == nullptr)
+    const int parent = tableIds_.Find(parentTable);
+    const int child = tableIds_.Find(childTable);
+    if (parent == 0 || child == 0)
         return;
-    const auto parentId = parent->columnIds.find(platform::ToLower(parentColumn));
-    const auto childId = child->columnIds.find(platform::ToLower(childColumn));
-    if (parentId == parent->columnIds.end() || childId == child->columnIds.end())
+    const auto columnOf = [&](int table, std::string_view name) {
+        return columnIds_[static_cast<std::size_t>(table - 1)].Find(name);
+    };
+    const int parentId = columnOf(parent, parentColumn);
+    const int childId = columnOf(child, childColumn);
+    if (parentId == 0 || childId == 0)
         return;
-    SchemaTable& childRow = tables_[static_cast<std::size_t>(child->id - 1)];
-    SchemaColumn& column = childRow.columns[static_cast<std::size_t>(childId->second - 1)];
-    column.parentTableId = parent->id;
-    column.parentColumnId = parentId->second;
+    SchemaTable& childRow = tables_[static_cast<std::size_t>(child - 1)];
+    SchemaColumn& column = childRow.columns[static_cast<std::size_t>(childId - 1)];
+    column.parentTableId = parent;
+    column.parentColumnId = parentId;
 }
 
 void MapRelations(const std::vector<dao::Relation>& relations, ForeignKeyMap& map) {

@@ -12,8 +12,8 @@
 // Links the columns of a captured schema along the foreign keys that its database reports.
 namespace vellumark {
 
-// Finds tables and columns by name, without regard to case; of tables with one name the first counts. Keeps a
-// reference to the tables, whose lists must not grow meanwhile.
+// Finds tables and columns by name: the very name, or else without regard to case; of tables with one name
+// the first counts. Keeps a reference to the tables, whose lists must not grow meanwhile.
 class ForeignKeyMap {
  public:
     explicit ForeignKeyMap(std::vector<SchemaTable>& tables);
@@ -23,22 +23,28 @@ class ForeignKeyMap {
                        std::string_view childTable, std::string_view childColumn);
 
  private:
-    struct Table {
-        int id;
-        std::unordered_map<std::string, int> columnIds;
+    // Places from 1 by name.
+    class Names {
+     public:
+        void Add(const std::string& name, int id);
+        // 0 for an unknown name.
+        int Find(std::string_view name) const;
+
+     private:
+        std::unordered_map<std::string, int> exact_;
+        std::unordered_map<std::string, int> folded_;
     };
 
-    const Table* FindTable(std::string_view name) const;
-
     std::vector<SchemaTable>& tables_;
-    std::unordered_map<std::string, Table> byName_;
+    Names tableIds_;
+    std::vector<Names> columnIds_;  // in the order of the tables
 };
 
 // The keys of the embedded database.
 void MapRelations(const std::vector<dao::Relation>& relations, ForeignKeyMap& map);
 
 // The keys that the source reports, or else those of the Jet catalog in `mdbFile`. False when neither can be
-// read.
+// read. Throws when the source answers no longer.
 bool fMapForeignKeys(const ado::Connection& source, std::string_view ownerFilter, const std::string& mdbFile,
                      ForeignKeyMap& map);
 

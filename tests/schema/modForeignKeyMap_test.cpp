@@ -47,6 +47,7 @@ TEST(ForeignKeyMapTest, NeedsAllFourNames) {
         {"Country", "Code", "Order", "Ship", ""},
         {"Country", "Code", "Orders", "", ""},
         {"Country", "Code", "Orders", "Extra", ""},
+        {"Country", "Code", "orders", "Extra", "3.3>1.1 "},
     };
     for (const auto& c : cases) {
         std::vector<SchemaTable> tables = Tables();
