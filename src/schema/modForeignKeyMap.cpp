@@ -90,6 +90,8 @@ bool fMapForeignKeysSchema(const ado::Connection& source, std::string_view owner
         }
         return true;
     } catch (const platform::Error&) {
+        // A source that still answers just has no such rowset; one that has gone must not pass for that.
+        source.OpenSchema(ado::SchemaKey::Tables);
         return false;
     }
 }

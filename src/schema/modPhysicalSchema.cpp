@@ -22,16 +22,24 @@ using Tables = std::vector<SchemaTable>;
 // Nothing after a message that the reader has shown itself.
 using Reader = std::optional<Tables> (*)();
 
-bool Read(Reader reader) {
+bool fAddRows(const Tables& tables) {
     try {
-        const std::optional<Tables> tables = reader();
-        if (tables)
-            AddSchemaRows(RepositoryDatabase, CurrentDBSId, *tables);
-        return tables.has_value();
+        AddSchemaRows(RepositoryDatabase, CurrentDBSId, tables);
+        return true;
     } catch (const platform::Error& error) {
         platform::ShowExclamation(error.Line());
         return false;
     }
+}
+
+bool Read(Reader reader) {
+    std::optional<Tables> tables;
+    try {
+        tables = reader();
+    } catch (const platform::Error& error) {
+        platform::ShowExclamation("Cannot read the source database.\n\n" + error.Line());
+    }
+    return tables && fAddRows(*tables);
 }
 
 bool ReadSource(Reader reader) {
@@ -48,9 +56,15 @@ bool ReadSource(Reader reader) {
     return done;
 }
 
-bool Contains(const std::vector<std::string>& names, std::string_view name) {
-    return std::ranges::any_of(
-        names, [&](const std::string& each) { return platform::EqualsIgnoringCase(each, name); });
+bool Contains(const std::vector<std::string>& names, const std::string& name) {
+    return std::ranges::find(names, name) != names.end();
+}
+
+// A table that has gone since it was listed looks like one without columns.
+void CheckColumns(const SchemaTable& table, const auto& isListed) {
+    if (table.columns.empty() && !isListed())
+        throw platform::Error(platform::kNoSuchTable,
+                              "The table '" + table.name + "' was dropped while the database was read.");
 }
 
 bool IsTextType(int daoType) {
@@ -103,8 +117,10 @@ std::optional<Tables> TablesThroughDAO() {
     Tables tables;
     for (const dao::TableDef& definition : source.TableDefs()) {
         TableEntry entry = SplitOwnerName(definition.name);
-        if (!fIgnoreTable(form.owner, entry, form.ignoreOwnerPrefix, form.ignoreTablePrefix))
-            tables.push_back(TableFromDefinition(std::move(entry), definition));
+        if (fIgnoreTable(form.owner, entry, form.ignoreOwnerPrefix, form.ignoreTablePrefix))
+            continue;
+        tables.push_back(TableFromDefinition(std::move(entry), definition));
+        CheckColumns(tables.back(), [&] { return Contains(source.TableNames(), definition.name); });
     }
     ForeignKeyMap map(tables);
     if (ReportsKeys())
@@ -157,6 +173,8 @@ SchemaTable TableFromRows(const ado::Connection& source, const TableEntry& entry
         column.sortOrder = place;
         table.columns.push_back(std::move(column));
     }
+    const ado::Restrictions listing{std::nullopt, std::nullopt, entry.table};
+    CheckColumns(table, [&] { return !source.OpenSchema(ado::SchemaKey::Tables, listing).IsEOF(); });
     return table;
 }
 

@@ -64,13 +64,16 @@ TEST(ForeignKeyMapTest, TheLastKeyOfAColumnHolds) {
     EXPECT_EQ(Links(tables), "2.2>2.1 ");
 }
 
-// A database with the tables Country of owner a and Orders of owner b, whose key from Country may be
-// unreadable.
+enum class Keys { Reported, Unknown, LostOnTheWay };
+
+// A database with the tables Country of owner a and Orders of owner b.
 class FakeProvider : public ado::Provider {
  public:
-    explicit FakeProvider(bool hasKeys) : hasKeys_(hasKeys) {}
+    explicit FakeProvider(Keys keys) : keys_(keys) {}
 
     ado::Rowset Tables(const ado::Restrictions&) const override {
+        if (isLost_)
+            throw platform::Error(platform::kQueryFailed, "Connection lost.");
         ado::Rowset tables({"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"});
         tables.Add({std::string("a"), std::string("Country"), std::string("TABLE")});
         tables.Add({std::string("b"), std::string("Orders"), std::string("TABLE")});
@@ -78,7 +81,8 @@ class FakeProvider : public ado::Provider {
         return tables;
     }
     ado::Rowset ForeignKeys(const ado::Restrictions& restrictions) const override {
-        if (!hasKeys_)
+        isLost_ = keys_ == Keys::LostOnTheWay;
+        if (keys_ != Keys::Reported)
             throw platform::Error(platform::kQueryFailed, "Object or provider is not capable.");
         ado::Rowset keys({"PK_TABLE_NAME", "PK_COLUMN_NAME", "FK_TABLE_NAME", "FK_COLUMN_NAME"});
         if (restrictions.at(2) == "Country")
@@ -101,13 +105,14 @@ class FakeProvider : public ado::Provider {
     void Rollback() override { ADD_FAILURE(); }
 
  private:
-    bool hasKeys_;
+    Keys keys_;
+    mutable bool isLost_ = false;
 };
 
 TEST(ForeignKeyMapTest, AsksTheSourceTableByTable) {
     std::vector<SchemaTable> tables = Tables();
     ForeignKeyMap map(tables);
-    const ado::Connection source(std::make_unique<FakeProvider>(true));
+    const ado::Connection source(std::make_unique<FakeProvider>(Keys::Reported));
     EXPECT_TRUE(fMapForeignKeys(source, "", "", map));
     EXPECT_EQ(Links(tables), "2.2>1.1 2.3>2.1 ");
 
@@ -123,7 +128,7 @@ TEST(ForeignKeyMapTest, FallsBackToTheCatalog) {
         create table Country (Code CHAR(2) primary key, Name TEXT);
         create table Orders (Id LONG primary key, Ship CHAR(2) references Country);
         create table EcoSystem (Ship CHAR(2) references Country);)");
-    const ado::Connection source(std::make_unique<FakeProvider>(false));
+    const ado::Connection source(std::make_unique<FakeProvider>(Keys::Unknown));
     std::vector<SchemaTable> tables = Tables();
     tables.push_back({"EcoSystem", "", {SchemaColumn{}}});
     tables.back().columns.front().name = "Ship";
@@ -134,6 +139,9 @@ TEST(ForeignKeyMapTest, FallsBackToTheCatalog) {
     EXPECT_EQ(Links(tables), "");
     EXPECT_TRUE(fMapForeignKeys(source, "", path, map));
     EXPECT_EQ(Links(tables), "2.2>1.1 ");
+
+    const ado::Connection lost(std::make_unique<FakeProvider>(Keys::LostOnTheWay));
+    EXPECT_THROW(fMapForeignKeys(lost, "", path, map), platform::Error);
 }
 
 }  // namespace

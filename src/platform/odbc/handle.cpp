@@ -20,13 +20,13 @@ struct Record {
 };
 
 // False behind the last record. Records count from 1.
-bool ReadRecord(const Handle& handle, SQLSMALLINT place, Record& record) {
+bool ReadRecord(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT place, Record& record) {
     SQLCHAR state[6] = {};
     SQLSMALLINT length = 0;
     record.text.resize(2000);
     const auto read = [&] {
-        return SQLGetDiagRec(handle.get_deleter().type, handle.get(), place, state, &record.number,
-                             Bytes(record.text), static_cast<SQLSMALLINT>(record.text.size()), &length);
+        return SQLGetDiagRec(type, handle, place, state, &record.number, Bytes(record.text),
+                             static_cast<SQLSMALLINT>(record.text.size()), &length);
     };
     SQLRETURN code = read();
     if (code == SQL_SUCCESS_WITH_INFO && static_cast<std::size_t>(length) >= record.text.size()) {
@@ -41,6 +41,21 @@ bool ReadRecord(const Handle& handle, SQLSMALLINT place, Record& record) {
     return true;
 }
 
+[[noreturn]] void Throw(SQLSMALLINT type, SQLHANDLE handle) {
+    int number = platform::kQueryFailed;
+    std::string description;
+    Record record;
+    for (SQLSMALLINT place = 1; ReadRecord(type, handle, place, record); ++place) {
+        if (number == platform::kQueryFailed && record.IsError() && record.number != 0)
+            number = record.number;
+        description += (description.empty() ? "[" : "\n[") + record.state + "] " + record.text;
+    }
+    if (description.empty())
+        description = "ODBC call failed.";
+    // A driver may repeat the connection string that it was given.
+    throw platform::Error(number, platform::MaskPasswords(description));
+}
+
 }  // namespace
 
 Handle NewHandle(SQLSMALLINT type, SQLHANDLE parent) {
@@ -49,7 +64,7 @@ Handle NewHandle(SQLSMALLINT type, SQLHANDLE parent) {
         setenv("PGCLIENTENCODING", "UTF8", 1);
     SQLHANDLE raw = SQL_NULL_HANDLE;
     if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &raw)))
-        throw platform::Error(platform::kQueryFailed, "ODBC has no room for another handle.");
+        Throw(type == SQL_HANDLE_STMT ? SQL_HANDLE_DBC : SQL_HANDLE_ENV, parent);
     Handle handle(raw, {type});
     if (type == SQL_HANDLE_ENV)
         Check(SQLSetEnvAttr(raw, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3),
@@ -59,18 +74,7 @@ Handle NewHandle(SQLSMALLINT type, SQLHANDLE parent) {
 }
 
 void ThrowDiagnostics(const Handle& handle) {
-    int number = platform::kQueryFailed;
-    std::string description;
-    Record record;
-    for (SQLSMALLINT place = 1; ReadRecord(handle, place, record); ++place) {
-        if (number == platform::kQueryFailed && record.IsError() && record.number != 0)
-            number = record.number;
-        description += (description.empty() ? "[" : "\n[") + record.state + "] " + record.text;
-    }
-    if (description.empty())
-        description = "ODBC call failed.";
-    // A driver may repeat the connection string that it was given.
-    throw platform::Error(number, platform::MaskPasswords(description));
+    Throw(handle.get_deleter().type, handle.get());
 }
 
 SQLCHAR* Bytes(std::string_view text) {
