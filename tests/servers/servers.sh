@@ -62,7 +62,7 @@ start_mariadb() { # PORT
     mariadb --no-defaults -S "$data/s" -u root -e "
         create database shop;
         create user tester@'127.0.0.1' identified by '$password';
-        grant all on *.* to tester@'127.0.0.1';"
+        grant all on *.* to tester@'127.0.0.1' with grant option;"
 }
 
 give_up() {

@@ -25,13 +25,16 @@ std::string StartedServer(const std::string& engine) {
     throw std::runtime_error("No server for " + engine + " is running: run these tests by ctest.");
 }
 
-std::string With(const std::string& connectionString, const std::string& key, const std::string& value) {
+using Values = std::map<std::string, std::string>;
+
+std::string With(const std::string& connectionString, const Values& values) {
     std::string text;
     const platform::ConnectionString parts(connectionString);
-    for (const auto& part : parts.Parts())
+    for (const auto& part : parts.Parts()) {
+        const auto found = values.find(part.key);
         text += part.key + "=" +
-                (platform::EqualsIgnoringCase(part.key, key) ? platform::WrittenValue(value) : part.written) +
-                ";";
+                (found == values.end() ? part.written : platform::WrittenValue(found->second)) + ";";
+    }
     return text;
 }
 
@@ -59,7 +62,7 @@ ServerDatabase::ServerDatabase(Engine engine)
     ado::Connection administrator;
     administrator.Open(server);
     administrator.Execute("create database " + name_);
-    connectionString_ = With(server, "DATABASE", name_);
+    connectionString_ = With(server, {{"DATABASE", name_}});
     connection_.Open(connectionString_);
     if (engine == Engine::MariaDB)
         connection_.Execute("set session sql_mode = concat(@@sql_mode, ',ANSI_QUOTES')");
@@ -79,8 +82,12 @@ ServerDatabase::~ServerDatabase() {
     }
 }
 
-std::string ServerDatabase::ConnectionStringWith(const std::string& key, const std::string& value) const {
-    return With(connectionString_, key, value);
+std::string ServerDatabase::ConnectionStringWith(const Values& values) const {
+    return With(connectionString_, values);
+}
+
+int ServerDatabase::Port() const {
+    return std::stoi(platform::ConnectionString(connectionString_).Value("PORT"));
 }
 
 void ServerDatabase::Run(const std::string& statements) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -24,9 +25,13 @@ class ServerDatabase {
     ServerDatabase(const ServerDatabase&) = delete;
     ServerDatabase& operator=(const ServerDatabase&) = delete;
 
+    const std::string& Name() const { return name_; }
+    // The file of SQLite's.
+    std::string Path() const { return folder_->Path("x.db"); }
     const std::string& ConnectionString() const { return connectionString_; }
-    // The same with one value in place of another.
-    std::string ConnectionStringWith(const std::string& key, const std::string& value) const;
+    // The same with other values for some keys.
+    std::string ConnectionStringWith(const std::map<std::string, std::string>& values) const;
+    int Port() const;
 
     // Statements with a semicolon behind each. Names may stand in double quotes on every engine.
     void Run(const std::string& statements);
