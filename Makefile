@@ -31,11 +31,12 @@ screenshots: demo ## Make a picture of every screen into build/screenshots/
 	@scripts/build $(BUILD) vellumark_screenshots
 	@scripts/screenshots $(BUILD)
 
-bench: setup     ## Measure the speed of runs, beside a loop by hand and beside database clients
+bench: setup     ## Measure runs, beside a loop by hand and database clients, and the reading of schemas
 	@scripts/setup test
 	@scripts/build $(BUILD) vellumark-cli vellumark_bench
 	$(BUILD)/vellumark_bench
 	scripts/bench-direct $(BUILD)
+	scripts/bench-read $(BUILD)
 
 lint: build      ## Check formatting, include cycles and file sizes
 	@scripts/lint

@@ -1,5 +1,5 @@
-// Reading a schema of 500 tables with 20 columns each, with its System Scenario and the two default
-// Scenarios.
+// Reading a schema of 1,000 tables with 30 columns and two foreign keys each, with its System Scenario and
+// the two default Scenarios.
 
 #include "schema_bench.h"
 
@@ -13,7 +13,7 @@ namespace vellumark::bench {
 
 namespace {
 
-constexpr int kTables = 500;
+constexpr int kTables = 1000;
 
 std::string MakeDatabase(const Session& session) {
     const std::string path = session.Path("schema.mdb");
@@ -22,9 +22,11 @@ std::string MakeDatabase(const Session& session) {
     dao::Transaction transaction(database);
     for (int table = 0; table < kTables; ++table) {
         std::string sql = "create table T" + std::to_string(table) + " (Id INTEGER primary key";
-        for (int column = 1; column < 19; ++column)
+        for (int column = 1; column < 28; ++column)
             sql += ", C" + std::to_string(column) + " VARCHAR(20)";
-        database.Prepare(sql + ", Up INTEGER references T0 (Id))").Execute();
+        sql += ", Up INTEGER references T" + std::to_string(table / 2);
+        sql += ", Other INTEGER references T" + std::to_string(table * 7 % kTables) + ")";
+        database.Prepare(sql).Execute();
     }
     transaction.Commit();
     return path;
