@@ -10,6 +10,7 @@
 #include "repository/modValueValidation.h"
 #include "repository/modVellumark.h"
 #include "scenario/modDependencies.h"
+#include "scenario/modRuleSelection.h"
 
 namespace vellumark {
 
@@ -76,11 +77,17 @@ bool fRefuse(const std::string& message) {
     return false;
 }
 
-dao::Recordset RuleRow(int tableRuleId, int ruleId) {
+dao::Recordset RuleRow(int scenarioId, int tableRuleId, int ruleId) {
     return RepositoryDatabase.OpenRecordset(
         "select * from [TSO Insert Column Rule] where [FK DBS Id] = ? and [FK TSO Id] = ? and [FK TTR Id] = ?"
         " and [Id] = ?",
-        {CurrentDBSId, CurrentTSOId, tableRuleId, ruleId});
+        {CurrentDBSId, scenarioId, tableRuleId, ruleId});
+}
+
+dao::Recordset ColumnRow(int tableId, int columnId) {
+    return RepositoryDatabase.OpenRecordset(
+        "select * from [Column] where [FK DBS Id] = ? and [FK TAB Id] = ? and [Id] = ?",
+        {CurrentDBSId, tableId, columnId});
 }
 
 bool fMomentOK(DataType type, const std::string& value) {
@@ -143,8 +150,8 @@ bool fCodeOK(const ColumnRuleDetails& details, const CodeField& field, const std
     if (field.codes.empty())
         return true;
     std::string_view codes = field.codes;
-    if (field.field == &ColumnRuleDetails::dateTimeIncrement && details.dataType != DataType::TimeStamp)
-        codes = details.dataType == DataType::Date ? "DMY" : "SNH";
+    if (field.field == &ColumnRuleDetails::dateTimeIncrement)
+        codes = IncrementCodes(details.dataType);
     if (value.size() == 1 && codes.find(value) != std::string_view::npos)
         return true;
     std::string offered;
@@ -157,17 +164,24 @@ int Number(const std::string& text) {
     return platform::ParseLong(text.empty() ? "0" : text).value_or(0);
 }
 
-bool fRangeOK(const ColumnRuleDetails& details) {
+ColumnRuleField Fault(ColumnRuleField field, const std::string& message) {
+    platform::ShowExclamation(message);
+    return field;
+}
+
+ColumnRuleField FaultyRange(const ColumnRuleDetails& details) {
     if (!details.startRange.empty() && !platform::ParseLong(details.startRange))
-        return fRefuse("Start number must be numeric");
+        return Fault(ColumnRuleField::StartRange, "Start number must be numeric");
     if (!details.endRange.empty() && !platform::ParseLong(details.endRange))
-        return fRefuse("End number must be numeric");
+        return Fault(ColumnRuleField::EndRange, "End number must be numeric");
     const int start = Number(details.startRange), end = Number(details.endRange);
-    if ((start == 0 && end == 0) || (end == 0 && start > end))
-        return true;
+    if (details.startRange.empty() || (start == 0 && end == 0) || (end == 0 && start > end))
+        return ColumnRuleField::None;
     if (start > end)
-        return fRefuse("Start number must be less than or equal to end number");
-    return start >= 1 || fRefuse("Please enter a start number greater than zero");
+        return Fault(ColumnRuleField::StartRange, "Start number must be less than or equal to end number");
+    if (start < 1)
+        return Fault(ColumnRuleField::StartRange, "Please enter a start number greater than zero");
+    return ColumnRuleField::None;
 }
 
 bool HasValueSource(const ColumnRuleDetails& details) {
@@ -175,7 +189,8 @@ bool HasValueSource(const ColumnRuleDetails& details) {
     const dao::Value count = RepositoryDatabase.Lookup(
         "select count(*) from [Value Source] where [FK DBS Id] = ? and [FK TSO Id] = ? and [FK TTR Id] = ?"
         " and [FK TCR Id] = ? and [FK TAB Id] = ? and [FK COL Id] = ?",
-        {CurrentDBSId, CurrentTSOId, details.tableRuleId, details.ruleId, details.tableId, details.columnId});
+        {CurrentDBSId, details.scenarioId, details.tableRuleId, details.ruleId, details.tableId,
+         details.columnId});
     return dao::ToLong(count) > 0;
 }
 
@@ -195,33 +210,78 @@ void TakeColumn(ColumnRuleDetails& details, const dao::Recordset& column) {
     details.optional = column.Boolean("Flag Optional");
 }
 
+std::optional<ColumnRuleDetails> ReadRule(int scenarioId, int tableRuleId, int ruleId) {
+    const dao::Recordset rule = RuleRow(scenarioId, tableRuleId, ruleId);
+    if (rule.IsEOF())
+        return std::nullopt;
+    ColumnRuleDetails details;
+    details.scenarioId = scenarioId;
+    details.tableRuleId = tableRuleId;
+    details.ruleId = ruleId;
+    details.tableId = rule.Long("FK TAB Id");
+    details.columnId = rule.Long("FK COL Id");
+    details.use = UseOf(rule);
+    for (const CodeField& field : kFields)
+        details.*field.field = rule.Text(field.name);
+    const dao::Recordset column = ColumnRow(details.tableId, details.columnId);
+    if (column.IsEOF())
+        return std::nullopt;
+    TakeColumn(details, column);
+    return details;
+}
+
 }  // namespace
 
 std::optional<ColumnRuleDetails> ReadColumnRule(int tableRuleId, std::string_view columnName) {
     RepositoryScope repository;
-    const dao::Recordset column = RepositoryDatabase.OpenRecordset(
-        "select * from [Column] where [FK DBS Id] = ? and [Name] = ? and [FK TAB Id] = (select [FK TAB Id] "
-        "from "
-        "[TSO Insert Table Rule] where [FK DBS Id] = ? and [FK TSO Id] = ? and [Id] = ?)",
-        {CurrentDBSId, columnName, CurrentDBSId, CurrentTSOId, tableRuleId});
-    ColumnRuleDetails details;
-    if (!column.IsEOF()) {
-        const dao::Recordset rule = RuleRow(tableRuleId, column.Long("Id"));
-        if (!rule.IsEOF()) {
-            details.tableRuleId = tableRuleId;
-            details.ruleId = rule.Long("Id");
-            details.tableId = rule.Long("FK TAB Id");
-            details.columnId = rule.Long("FK COL Id");
-            details.use = UseOf(rule);
-            for (const CodeField& field : kFields)
-                details.*field.field = rule.Text(field.name);
-            TakeColumn(details, column);
-            return details;
-        }
-    }
+    const dao::Value ruleId = RepositoryDatabase.Lookup(
+        "select r.[Id] from [TSO Insert Column Rule] r join [Column] c on c.[FK DBS Id] = r.[FK DBS Id]"
+        " and c.[FK TAB Id] = r.[FK TAB Id] and c.[Id] = r.[FK COL Id]"
+        " where r.[FK DBS Id] = ? and r.[FK TSO Id] = ? and r.[FK TTR Id] = ? and c.[Name] = ?",
+        {CurrentDBSId, CurrentTSOId, tableRuleId, columnName});
+    if (!dao::IsNull(ruleId))
+        return ReadRule(CurrentTSOId, tableRuleId, dao::ToLong(ruleId));
     fRefuse("Table rule " + std::to_string(tableRuleId) + " has no column '" + std::string(columnName) +
             "'.");
     return std::nullopt;
+}
+
+std::optional<ColumnRuleDetails> ReadSelectedColumnRule() {
+    RepositoryScope repository;
+    const std::optional<ColumnRuleDetails> details = ReadRule(RuleScenarioId, CurrentTTRId, CurrentTCRId);
+    if (details) {
+        CurrentTABId = details->tableId;
+        CurrentCOLId = details->columnId;
+        CurrentColumnDataType = details->dataType;
+    }
+    return details;
+}
+
+ColumnProperties ReadColumnProperties(const ColumnRuleDetails& details) {
+    RepositoryScope repository;
+    const dao::Recordset column = ColumnRow(details.tableId, details.columnId);
+    ColumnProperties properties;
+    properties.attribute = column.Text("COOLGen Attribute Name");
+    properties.dataType = column.Text("Vellumark Data Type");
+    properties.adoDataType = column.Text("ADO Data Type");
+    properties.size = column.Text("Vellumark Size");
+    properties.identifier = column.Boolean("Flag Identifier");
+    properties.isForeignKey = column.Text("Role") == "Foreign Key";
+    if (!properties.isForeignKey)
+        return properties;
+    const int parentTable = column.Long("FK COL TAB Id");
+    properties.parentTable = dao::ToText(RepositoryDatabase.Lookup(
+        "select [Name] from [Table] where [FK DBS Id] = ? and [Id] = ?", {CurrentDBSId, parentTable}));
+    const dao::Recordset parent = ColumnRow(parentTable, column.Long("FK COL Id"));
+    if (!parent.IsEOF())
+        properties.parentColumn = parent.Text("Name");
+    return properties;
+}
+
+std::string_view IncrementCodes(DataType type) {
+    if (type == DataType::Date)
+        return "DMY";
+    return type == DataType::Time ? "SNH" : "SNHDMY";
 }
 
 bool fSetColumnField(ColumnRuleDetails& details, std::string_view field, const std::string& value) {
@@ -256,31 +316,40 @@ std::vector<std::string_view> ColumnFieldNames() {
     return names;
 }
 
-bool fValidateColumnRule(const ColumnRuleDetails& details) {
-    if (fColumnHasDependency(details.tableRuleId, details.tableId, details.columnId))
-        return fRefuse("This foreign key has been SET to be resolved by it's parent.");
-    if (!fRangeOK(details) || !fConstantOK(details))
-        return false;
-    return details.generate != "V" || HasValueSource(details) ||
-           fRefuse(
-               "Please enter a selection for the 'Other Data Source' or set generated data option to "
-               "'Generated Data'");
+ColumnRuleField FaultyField(const ColumnRuleDetails& details) {
+    const ColumnRuleField range = FaultyRange(details);
+    if (range != ColumnRuleField::None)
+        return range;
+    if (!fConstantOK(details))
+        return ColumnRuleField::Constant;
+    if (details.generate != "V" || HasValueSource(details))
+        return ColumnRuleField::None;
+    return Fault(ColumnRuleField::Source,
+                 "Please enter a selection for the 'Other Data Source' or set generated data option to "
+                 "'Generated Data'");
 }
 
-bool fUpdateColumnRule(const ColumnRuleDetails& details) {
-    if (!fValidateColumnRule(details))
-        return false;
+void StoreColumnRule(const ColumnRuleDetails& details) {
     RepositoryScope repository;
-    dao::Recordset rule = RuleRow(details.tableRuleId, details.ruleId);
+    dao::Recordset rule = RuleRow(details.scenarioId, details.tableRuleId, details.ruleId);
     rule.Edit();
     for (const CodeField& field : kFields)
         rule.Set(field.name, details.*field.field);
     for (const UseField& field : kUseFields)
         rule.Set(field.name, details.use == field.use);
-    // Without a start there is no range, whatever the end holds.
     rule.Set("Start Range", details.startRange.empty() ? "0" : details.startRange);
     rule.Set("End Range", details.startRange.empty() || details.endRange.empty() ? "0" : details.endRange);
     rule.Update();
+}
+
+bool fUpdateColumnRule(const ColumnRuleDetails& details) {
+    if (fColumnHasDependency(details.scenarioId, details.tableRuleId, details.tableId, details.columnId))
+        return fRefuse(kResolvedByParent);
+    if (details.startRange.empty() && Number(details.endRange) != 0)
+        return fRefuse("Please enter a start number greater than zero");
+    if (FaultyField(details) != ColumnRuleField::None)
+        return false;
+    StoreColumnRule(details);
     return true;
 }
 

@@ -7,7 +7,7 @@
 
 #include "repository/modTargetFormats.h"
 
-// Column rules of the current Scenario: how each column of a Table rule gets its value.
+// Column rules: how each column of a Table rule gets its value.
 namespace vellumark {
 
 // What a column may be apart from plainly included.
@@ -15,6 +15,7 @@ enum class ColumnUse { Included, Excluded, Unique, CompoundUnique };
 
 // A Column rule as its screen edits it, and what it needs to know of the column. Codes are the stored ones.
 struct ColumnRuleDetails {
+    int scenarioId = 0;
     int tableRuleId = 0;
     int ruleId = 0;
     int tableId = 0;
@@ -41,9 +42,30 @@ struct ColumnRuleDetails {
     std::string quoteCharacter;
 };
 
+// What the rule screen shows of a rule's column and never changes.
+struct ColumnProperties {
+    std::string attribute;
+    std::string dataType;
+    std::string adoDataType;
+    std::string size;
+    bool identifier = false;
+    bool isForeignKey = false;
+    std::string parentTable;
+    std::string parentColumn;
+};
+
 // The rule of that column in a Table rule of the current Scenario; nothing, behind a message, when there is
 // none.
 std::optional<ColumnRuleDetails> ReadColumnRule(int tableRuleId, std::string_view columnName);
+
+// The rule selected on the rule screen, whose table, column and data type become the current ones; nothing
+// when none is selected.
+std::optional<ColumnRuleDetails> ReadSelectedColumnRule();
+
+ColumnProperties ReadColumnProperties(const ColumnRuleDetails& details);
+
+// The codes of `dateTimeIncrement` that columns of the type may take.
+std::string_view IncrementCodes(DataType type);
 
 // Sets the field with that stored name. False, behind a message, for an unknown name, a code that the field's
 // list doesn't offer, or a field that the column's data type leaves closed.
@@ -52,10 +74,15 @@ bool fSetColumnField(ColumnRuleDetails& details, std::string_view field, const s
 // The names that fSetColumnField knows.
 std::vector<std::string_view> ColumnFieldNames();
 
-// Shows what is wrong with the rule and returns false, or returns true.
-bool fValidateColumnRule(const ColumnRuleDetails& details);
+enum class ColumnRuleField { None, StartRange, EndRange, Constant, Source };
 
-// Validates and stores the rule; false leaves what is stored.
+// The first field at fault, behind a message that says what is wrong.
+ColumnRuleField FaultyField(const ColumnRuleDetails& details);
+
+// Stores a rule without fault. An end of the range counts only behind a start.
+void StoreColumnRule(const ColumnRuleDetails& details);
+
+// Validates and stores the rule; false, behind a message, leaves what is stored.
 bool fUpdateColumnRule(const ColumnRuleDetails& details);
 
 }  // namespace vellumark

@@ -236,13 +236,13 @@ void fDeleteRuleDetails(int ruleId) {
     RepositoryDatabase.Execute("delete * from [Value Source]" + ofRule, InScenario({ruleId}));
 }
 
-bool fColumnHasDependency(int ruleId, int tableId, int columnId) {
+bool fColumnHasDependency(int scenarioId, int ruleId, int tableId, int columnId) {
     RepositoryScope repository;
     return !RepositoryDatabase
                 .OpenRecordset(
                     Select("resolver TTR dependency",
                            " and [FK Child TTR Id] = ? and [FK Child TAB Id] = ? and [FK Child COL Id] = ?"),
-                    InScenario({ruleId, tableId, columnId}))
+                    {CurrentDBSId, scenarioId, ruleId, tableId, columnId})
                 .IsEOF();
 }
 

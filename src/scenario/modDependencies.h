@@ -45,8 +45,12 @@ void fClearAllDependencies();
 // Removes the rule's Column rules and Value Sources.
 void fDeleteRuleDetails(int ruleId);
 
-// True when a Dependency feeds that column of the rule.
-bool fColumnHasDependency(int ruleId, int tableId, int columnId);
+// What stands in the place of a value that a Dependency brings.
+inline constexpr const char* kResolvedByParent =
+    "This foreign key has been SET to be resolved by it's parent.";
+
+// True when a Dependency of the Scenario feeds that column of the rule.
+bool fColumnHasDependency(int scenarioId, int ruleId, int tableId, int columnId);
 
 // Rows of a rule with that range: a child's follow from its parents. Throws kOverflow.
 int fTTRQuantity(int ruleId, int start, int end);

@@ -182,8 +182,8 @@ void SetSourceKind(ValueSourceDetails& details, char type) {
 }
 
 bool fValidateValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
-    if (fColumnHasDependency(rule.tableRuleId, rule.tableId, rule.columnId))
-        return fRefuse("This foreign key has been SET to be resolved by it's parent.");
+    if (fColumnHasDependency(rule.scenarioId, rule.tableRuleId, rule.tableId, rule.columnId))
+        return fRefuse(kResolvedByParent);
     if (rule.dataType == DataType::Boolean || rule.dataType == DataType::Blob)
         return fRefuse("A Boolean or Blob column takes no alternate data source.");
     if (!fBoundsOK(details.startColumn, details.endColumn) || !fBoundsOK(details.startRow, details.endRow))

@@ -76,8 +76,9 @@ TEST_F(DependencyTest, NewOneMakesItsParentRuleAndSetsTheQuantities) {
     ASSERT_TRUE(fApplyDependency(again));
     EXPECT_EQ(RuleRows(), "1|2|1|5|60|-1\n2|1|1|20|20|-1\n3|1|7|7|1|0");
     EXPECT_EQ(Count("resolver TTR dependency"), 2);
-    EXPECT_TRUE(fColumnHasDependency(childRule, child, 2));
-    EXPECT_FALSE(fColumnHasDependency(childRule, child, 1));
+    EXPECT_TRUE(fColumnHasDependency(CurrentTSOId, childRule, child, 2));
+    EXPECT_FALSE(fColumnHasDependency(CurrentTSOId, childRule, child, 1));
+    EXPECT_FALSE(fColumnHasDependency(0, 2, 2, 2));
 }
 
 TEST_F(DependencyTest, ExistingRuleOfTheParentTableMayServe) {
