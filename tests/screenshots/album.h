@@ -30,5 +30,6 @@ void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);
 void ShootForeignKeys(const Album& album);
 void ShootPatternScreens(const Album& album);
+void ShootColumnDetails(const Album& album);
 
 }  // namespace vellumark::test

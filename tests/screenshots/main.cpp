@@ -31,6 +31,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootPlatformScreens, vellumark::test::ShootSchemaEditor,
     vellumark::test::ShootGenericValues,   vellumark::test::ShootForeignKeys,
     vellumark::test::ShootPatternScreens,
+    vellumark::test::ShootColumnDetails,
 };
 
 }  // namespace

@@ -44,6 +44,13 @@ constexpr std::array kBooleanWords = {CodeWord{"Random (True/False)", ""}, CodeW
 constexpr int kOverridden = 1;  // the place of the second word
 constexpr std::array kMomentWords = {CodeWord{"Use Generated data", ""}, CodeWord{"Override with --->", ""}};
 
+// Closed, but there to be read.
+void SetLegible(QWidget& field) {
+    QPalette palette;
+    palette.setBrush(QPalette::Disabled, QPalette::Text, palette.brush(QPalette::Active, QPalette::Text));
+    field.setPalette(palette);
+}
+
 bool IsMoment(DataType type) {
     return type == DataType::Date || type == DataType::Time || type == DataType::TimeStamp;
 }
@@ -104,12 +111,11 @@ ColumnRuleEditor::ColumnRuleEditor(QTabWidget& details, QObject* parent)
     AddPages();
     FillLists();
     fields_ = {
-        override_->optData,     override_->optFile,     override_->cmdValue,       override_->picValue,
-        override_->optIncluded, override_->optExcluded, override_->optUnique,      override_->optCompUnique,
-        override_->txtConstVal, override_->cboConstVal, override_->dtpConstVal,    override_->cboGenValue,
-        override_->cboFill,     override_->cboConcat,   override_->cboDateTimeInc, override_->txtColStart,
-        override_->txtColEnd,   override_->cboOrder,    output_->txtDateEditPat,   output_->cmdColEditPat,
-        output_->cboCDQuotes,   output_->txtCDQuotes};
+        override_->optData,        override_->optFile,       override_->optIncluded, override_->optExcluded,
+        override_->optUnique,      override_->optCompUnique, override_->txtConstVal, override_->cboConstVal,
+        override_->dtpConstVal,    override_->cboGenValue,   override_->cboFill,     override_->cboConcat,
+        override_->cboDateTimeInc, override_->txtColStart,   override_->txtColEnd,   override_->cboOrder,
+        output_->txtDateEditPat,   output_->cmdColEditPat,   output_->cboCDQuotes,   output_->txtCDQuotes};
     Connect();
     ShowNothing();
 }
@@ -125,9 +131,7 @@ void ColumnRuleEditor::AddPages() {
     details_.insertTab(1, pages_[1], "&Properties");
     details_.insertTab(2, pages_[2], "O&utput to Text File");
 
-    override_->picValue->setPixmap(LineIcon("picValue").pixmap(kPictureSize, kPictureSize));
     override_->dtpConstVal->setTimeSpec(Qt::UTC);  // no hour is missing for a change of the clocks
-    override_->dtpConstVal->setMinimumDate(QDate(platform::kFirstYear, 1, 1));
     // What comes and goes must not move what stays.
     override_->layoutRule->setRowMinimumHeight(0, override_->cboConstVal->sizeHint().height());
     for (QWidget* hidden : std::initializer_list<QWidget*>{
@@ -213,6 +217,8 @@ void ColumnRuleEditor::ShowProperties(const ColumnProperties& properties) {
     properties_->txtSize->setText(ToQt(properties.size));
     properties_->chkOptionality->setChecked(!rule_->optional);
     properties_->chkIdentifier->setChecked(properties.identifier);
+    SetLegible(*properties_->chkOptionality);
+    SetLegible(*properties_->chkIdentifier);
     properties_->fraForeignKey->setVisible(properties.isForeignKey);
     properties_->txtFKTable->setText(ToQt(properties.parentTable));
     properties_->txtFKColumn->setText(ToQt(properties.parentColumn));
@@ -276,6 +282,10 @@ void ColumnRuleEditor::fDisplayTCRDetails_DateTime() {
     AllowTextRules(false);
     output_->txtDateEditPat->setText(ToQt(EditPatternToText(rule_->outputPattern)));
     override_->dtpConstVal->setDisplayFormat(MomentFormat(type));
+    // A format without a date has held the range to one day.
+    override_->dtpConstVal->setDateTimeRange(
+        QDateTime(QDate(platform::kFirstYear, 1, 1), QTime(0, 0), Qt::UTC),
+        QDateTime(QDate(platform::kLastYear, 12, 31), QTime(23, 59, 59), Qt::UTC));
     override_->dtpConstVal->setCalendarPopup(type != DataType::Time);
     override_->cboConstVal->setCurrentIndex(rule_->constant.empty() ? 0 : kOverridden);
     ShowConstantText(false);
@@ -352,6 +362,8 @@ void ColumnRuleEditor::ShowResolvedByParent() {
     DisableTCRControls();
     ShowConstantText(true);
     override_->txtConstVal->setText(kResolvedByParent);
+    override_->txtConstVal->setCursorPosition(0);
+    SetLegible(*override_->txtConstVal);
     columnResolvedByParent_ = true;
 }
 
@@ -381,6 +393,9 @@ void ColumnRuleEditor::AllowSource() {
     const bool allowed = override_->optFile->isChecked() && override_->optFile->isEnabled();
     override_->cmdValue->setEnabled(allowed);
     override_->picValue->setEnabled(allowed);
+    override_->picValue->setPixmap(
+        LineIcon("picValue")
+            .pixmap(QSize(kPictureSize, kPictureSize), allowed ? QIcon::Normal : QIcon::Disabled));
 }
 
 // An order has no meaning without a range, so one that is being typed opens the list.
@@ -397,8 +412,10 @@ void ColumnRuleEditor::AllowQuote() {
 }
 
 void ColumnRuleEditor::EnableTCRControls() {
+    override_->txtConstVal->setPalette({});
     for (QWidget* field : fields_)
         field->setEnabled(true);
+    AllowSource();
     MatchLabels();
 }
 
@@ -406,6 +423,7 @@ void ColumnRuleEditor::DisableTCRControls() {
     for (QWidget* field : fields_)
         field->setEnabled(false);
     override_->optNull->setEnabled(false);
+    AllowSource();
     MatchLabels();
 }
 
