@@ -3,8 +3,7 @@
 
 #include "cli/commands.h"
 #include "cli/consoleProgress.h"
-#include "engine/modDeleteData.h"
-#include "engine/modGenerateData.h"
+#include "engine/modGenerateChoice.h"
 #include "platform/dialogs.h"
 #include "repository/modSequentialFileServices.h"
 #include "repository/modTargetFormats.h"
@@ -44,18 +43,8 @@ std::optional<TargetFormat> FormatForDatabase(const std::string& named) {
     return std::nullopt;
 }
 
-bool Connected() {
-    if (TargetConnectionState == 'C' || ConnectTarget())
-        return true;
-    platform::ShowExclamation("Cannot connect to target database.");
-    return false;
-}
-
 std::optional<OutputChoice> ChooseDatabase(const GenerateWords& words) {
-    if (CurrentTSOType == 'D' &&
-        !platform::AskYesNo("Do you really want to permanently delete data from the target database?"))
-        return std::nullopt;
-    if (!Connected())
+    if (!fDatabaseRunOK(true))
         return std::nullopt;
     const std::optional<TargetFormat> format = FormatForDatabase(words.format);
     if (!format)
@@ -64,8 +53,8 @@ std::optional<OutputChoice> ChooseDatabase(const GenerateWords& words) {
 }
 
 std::optional<OutputChoice> ChooseFile(const GenerateWords& words) {
-    const bool sister = CurrentDBSSource == 'T' || CurrentDBSSource == 'R';
-    const std::optional<TargetFormat> format = sister ? TargetFormat::Delimited : FormatNamed(words.format);
+    const std::optional<TargetFormat> format =
+        OnlyDelimitedText() ? TargetFormat::Delimited : FormatNamed(words.format);
     if (!format || !fFileReplaceOK(words.file))
         return std::nullopt;
     if (CurrentTSOType == 'D' && *format == TargetFormat::Delimited) {
@@ -75,16 +64,6 @@ std::optional<OutputChoice> ChooseFile(const GenerateWords& words) {
     return OutputChoice{false, words.file, *format};
 }
 
-bool Run(const OutputChoice& choice, RunProgress& progress) {
-    if (CurrentTSOType == 'I')
-        return TestDataGenerateAll(choice, progress);
-    if (fDeleteSQL(choice, progress))
-        return true;
-    platform::ShowCritical(choice.toDatabase ? "Cannot continue deleting data"
-                                             : "Cannot continue writing Delete data text file");
-    return false;
-}
-
 bool Generate(const GenerateWords& words, ConsoleDialogs& dialogs) {
     if (!OpenSchemaNamed(words.schema) || !OpenScenarioNamed(words.scenario))
         return false;
@@ -92,7 +71,7 @@ bool Generate(const GenerateWords& words, ConsoleDialogs& dialogs) {
     if (!choice)
         return false;
     ConsoleProgress progress(dialogs);
-    const bool done = Run(*choice, progress);
+    const bool done = fRunScenario(*choice, progress);
     if (done && !choice->toDatabase)
         std::cout << choice->textFile << "\n";
     return done;

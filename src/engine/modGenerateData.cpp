@@ -105,7 +105,7 @@ bool GenerationRun::fPrepareWorkingDatabase() {
 
 bool GenerationRun::fFillWorkingDatabase() {
     progress_.Caption("Creating data in temporary database");
-    if (!WorkingPass(*working_, HeldOptions(), choice_.format).Run())
+    if (!WorkingPass(*working_, HeldOptions(), choice_.format, progress_).Run())
         return false;
     progress_.Caption("Resolving foreign keys");
     ResolveForeignKeys(*working_);

@@ -44,12 +44,12 @@ int ProgressPoints(std::int64_t total, std::int64_t count) {
     return static_cast<int>(std::min<std::int64_t>(count / interval * pointsPerStep, 100));
 }
 
-void RowTicker::TellWhenDue() {
+bool Pacer::LookAtClock() {
     const auto now = std::chrono::steady_clock::now();
     if (now < due_)
-        return;
+        return false;
     due_ = now + kBetweenTellings;
-    Tell();
+    return true;
 }
 
 }  // namespace vellumark

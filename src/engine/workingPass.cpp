@@ -16,8 +16,11 @@ RowOutcome Stopped() {
 
 }  // namespace
 
-WorkingPass::WorkingPass(WorkingDatabase& database, const RunOptions& options, TargetFormat format)
-    : database_(database), context_{&options, format, &SessionRandomStream(), nullptr, {}, {}, {}} {}
+WorkingPass::WorkingPass(WorkingDatabase& database, const RunOptions& options, TargetFormat format,
+                         RunProgress& progress)
+    : database_(database), progress_(progress), context_{&options, format, &SessionRandomStream(),
+                                                         nullptr,  {},     {},
+                                                         {}} {}
 
 bool WorkingPass::Run() {
     dao::Recordset rules = RepositoryDatabase.OpenRecordset(
@@ -46,6 +49,8 @@ bool WorkingPass::MakeRule(TablePlan& table) {
             outcome = maker.Make(rows.Row());
             if (outcome == RowOutcome::Made)
                 maker.Store(writer);
+            if (pacer_.Due())
+                progress_.Alive();
         }
     }
     writer.Finish();

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "engine/modColumnValue.h"
+#include "engine/modRunProgress.h"
 #include "engine/modWorkingDatabase.h"
 #include "engine/rowMaker.h"
 #include "engine/uniqueValues.h"
@@ -16,7 +17,8 @@ inline constexpr const char* kNoTablesSelected =
 // The pass that fills the Working database with the marked columns of the marked rules.
 class WorkingPass {
  public:
-    WorkingPass(WorkingDatabase& database, const RunOptions& options, TargetFormat format);
+    WorkingPass(WorkingDatabase& database, const RunOptions& options, TargetFormat format,
+                RunProgress& progress);
 
     // False when something stopped the pass, which has been shown.
     bool Run();
@@ -25,6 +27,8 @@ class WorkingPass {
     bool MakeRule(TablePlan& table);
 
     WorkingDatabase& database_;
+    RunProgress& progress_;
+    Pacer pacer_;
     ValueContext context_;
 };
 
