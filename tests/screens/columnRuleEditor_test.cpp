@@ -181,7 +181,7 @@ TEST_F(ColumnRuleEditorTest, RangesPassOrSelectTheirField) {
     const struct {
         const char *start, *end, *message, *field, *stored;
     } cases[] = {
-        {"-", "7", "Start number must be numeric", "txtColStart", nullptr},
+        {"1x-", "7", "Start number must be numeric", "txtColStart", nullptr},
         {"1", "-", "End number must be numeric", "txtColEnd", nullptr},
         {"8", "7", "Start number must be less than or equal to end number", "txtColStart", nullptr},
         {"0", "7", "Please enter a start number greater than zero", "txtColStart", nullptr},
@@ -266,6 +266,46 @@ TEST_F(ColumnRuleEditorTest, MomentsArePicked) {
         Choose(details, "cboConstVal", "Use Generated data");
         ASSERT_TRUE(editor.updateTCRDetails());
         EXPECT_EQ(Stored("[Constant Value]"), "");
+    }
+}
+
+TEST_F(ColumnRuleEditorTest, PatternsAreBuiltOnTheirScreen) {
+    const struct {
+        const char *table, *column, *closed;
+    } cases[] = {{"Customer", "Born", "cmdHour"}, {"Supplier", "OpensAt", "cmdYear"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.column);
+        Store("[Code Output Datetime Edit Pattern] = 'C009'");
+        Select(c.table, c.column);
+        details.setCurrentIndex(2);
+        EXPECT_EQ(TextOf(details, "txtDateEditPat"), ":");
+        WhenShown("frmUpdateEditPatterns", [](QWidget& form) {
+            Click(form, "cmdUEPDelete");
+            Click(form, "cmdUEPCancel");
+        });
+        Click(details, "cmdColEditPat");
+        EXPECT_EQ(TextOf(details, "txtDateEditPat"), ":");
+        WhenShown("frmUpdateEditPatterns", [&c](QWidget& form) {
+            EXPECT_FALSE(IsEnabled(form, c.closed));
+            Click(form, "cmdUEPDelete");
+            Click(form, "cmdUEPOk");
+        });
+        Click(details, "cmdColEditPat");
+        EXPECT_EQ(TextOf(details, "txtDateEditPat"), "");
+        ASSERT_TRUE(editor.updateTCRDetails());
+        EXPECT_EQ(Stored("[Code Output Datetime Edit Pattern]"), "");
+    }
+}
+
+TEST_F(ColumnRuleEditorTest, KeysGoByTheDataType) {
+    const struct {
+        const char *table, *column, *taken;
+    } cases[] = {
+        {"Customer", "FirstName", "1x.-"}, {"Product", "Stock", "1-"}, {"Customer", "CreditLimit", "1.-"}};
+    for (const auto& c : cases) {
+        Select(c.table, c.column);
+        Type(details, "txtConstVal", "1x.-");
+        EXPECT_EQ(TextOf(details, "txtConstVal"), c.taken) << c.column;
     }
 }
 

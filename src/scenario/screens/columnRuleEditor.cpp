@@ -1,22 +1,23 @@
 #include "scenario/screens/columnRuleEditor.h"
 
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <array>
 #include <utility>
 
-#include "platform/calendar.h"
 #include "platform/dialogs.h"
 #include "platform/screens/icons.h"
 #include "platform/screens/qtText.h"
 #include "repository/modEditPatterns.h"
 #include "repository/modVellumark.h"
+#include "repository/screens/frmUpdateEditPatterns.h"
+#include "repository/screens/textFields.h"
 #include "scenario/modDependencies.h"
 #include "scenario/modRuleSelection.h"
 #include "scenario/screens/codeLists.h"
+#include "scenario/screens/momentField.h"
 #include "ui_columnOutput.h"
 #include "ui_columnOverride.h"
 #include "ui_columnProperties.h"
@@ -51,35 +52,19 @@ void SetLegible(QWidget& field) {
     field.setPalette(palette);
 }
 
-bool IsMoment(DataType type) {
-    return type == DataType::Date || type == DataType::Time || type == DataType::TimeStamp;
-}
-
-QString MomentFormat(DataType type) {
-    if (type == DataType::Date)
-        return "yyyy-MM-dd";
-    return type == DataType::Time ? "HH:mm:ss" : "yyyy-MM-dd HH:mm:ss";
-}
-
-// The constant as a moment, with today and now for what it doesn't tell.
-QDateTime MomentIn(const QString& constant, DataType type) {
-    QDate date;
-    QTime time;
-    if (type != DataType::Time)
-        date = QDate::fromString(constant.left(10), MomentFormat(DataType::Date));
-    if (type != DataType::Date)
-        time =
-            QTime::fromString(constant.mid(type == DataType::Time ? 0 : 11, 8), MomentFormat(DataType::Time));
-    return QDateTime(date.isValid() ? date : QDate::currentDate(),
-                     time.isValid() ? time : QTime::currentTime(), Qt::UTC);
-}
-
 std::vector<CodeWord> IncrementsOf(DataType type) {
     std::vector<CodeWord> words;
     for (const CodeWord& word : kIncrementWords)
         if (IncrementCodes(type).find(word.code) != std::string_view::npos)
             words.push_back(word);
     return words;
+}
+
+// The button that asks for the pattern of such a column.
+std::string_view PatternCaller(DataType type) {
+    if (type == DataType::Date)
+        return "cmdOTFDate";
+    return type == DataType::Time ? "cmdOTFTime" : "cmdOTFTstamp";
 }
 
 // The current Scenario is another one for as long as it stands.
@@ -131,7 +116,9 @@ void ColumnRuleEditor::AddPages() {
     details_.insertTab(1, pages_[1], "&Properties");
     details_.insertTab(2, pages_[2], "O&utput to Text File");
 
-    override_->dtpConstVal->setTimeSpec(Qt::UTC);  // no hour is missing for a change of the clocks
+    SelectTextOnFocus(*pages_[0]);
+    NumericKeys(*override_->txtColStart, DataType::Integer);
+    NumericKeys(*override_->txtColEnd, DataType::Integer);
     // What comes and goes must not move what stays.
     override_->layoutRule->setRowMinimumHeight(0, override_->cboConstVal->sizeHint().height());
     for (QWidget* hidden : std::initializer_list<QWidget*>{
@@ -157,6 +144,7 @@ void ColumnRuleEditor::Connect() {
     connect(override_->txtColStart, &QLineEdit::textEdited, this, &ColumnRuleEditor::AllowOrder);
     connect(override_->txtColEnd, &QLineEdit::textEdited, this, &ColumnRuleEditor::AllowOrder);
     connect(override_->cmdValue, &QToolButton::clicked, this, &ColumnRuleEditor::fDisplay_frmValueSource);
+    connect(output_->cmdColEditPat, &QToolButton::clicked, this, &ColumnRuleEditor::ChooseEditPattern);
     connect(output_->cboCDQuotes, &QComboBox::activated, this, &ColumnRuleEditor::AllowQuote);
 }
 
@@ -199,6 +187,10 @@ void ColumnRuleEditor::ShowRule(const ColumnProperties& properties) {
     ShowProperties(properties);
     override_->txtConstVal->setText(ToQt(rule_->constant));
     override_->optNull->setEnabled(rule_->optional);
+    if (rule_->dataType == DataType::Character || rule_->dataType == DataType::Blob)
+        override_->txtConstVal->setValidator(nullptr);
+    else
+        NumericKeys(*override_->txtConstVal, rule_->dataType);
     ShowByDataType();
     ShowUse();
     ShowGenerate();
@@ -281,12 +273,7 @@ void ColumnRuleEditor::fDisplayTCRDetails_DateTime() {
     output_->cmdColEditPat->setEnabled(true);
     AllowTextRules(false);
     output_->txtDateEditPat->setText(ToQt(EditPatternToText(rule_->outputPattern)));
-    override_->dtpConstVal->setDisplayFormat(MomentFormat(type));
-    // A format without a date has held the range to one day.
-    override_->dtpConstVal->setDateTimeRange(
-        QDateTime(QDate(platform::kFirstYear, 1, 1), QTime(0, 0), Qt::UTC),
-        QDateTime(QDate(platform::kLastYear, 12, 31), QTime(23, 59, 59), Qt::UTC));
-    override_->dtpConstVal->setCalendarPopup(type != DataType::Time);
+    OfferMoments(*override_->dtpConstVal, type);
     override_->cboConstVal->setCurrentIndex(rule_->constant.empty() ? 0 : kOverridden);
     ShowConstantText(false);
     ShowMomentChoice();
@@ -380,7 +367,7 @@ void ColumnRuleEditor::ShowMomentChoice() {
         return;
     const bool overridden = override_->cboConstVal->currentIndex() == kOverridden;
     if (overridden)
-        override_->dtpConstVal->setDateTime(MomentIn(override_->txtConstVal->text(), rule_->dataType));
+        ShowMoment(*override_->dtpConstVal, FromQt(override_->txtConstVal->text()));
     override_->dtpConstVal->setVisible(overridden);
 }
 
@@ -457,7 +444,7 @@ std::string ColumnRuleEditor::EnteredConstant() const {
         return FromQt(override_->txtConstVal->text());
     if (override_->cboConstVal->currentIndex() != kOverridden)
         return {};
-    return FromQt(override_->dtpConstVal->dateTime().toString(MomentFormat(type)));
+    return MomentIn(*override_->dtpConstVal);
 }
 
 ColumnRuleDetails ColumnRuleEditor::Entered() const {
@@ -509,6 +496,15 @@ void ColumnRuleEditor::GoTo(ColumnRuleField field) {
         text = override_->txtColEnd;
     text->setFocus();
     text->selectAll();
+}
+
+void ColumnRuleEditor::ChooseEditPattern() {
+    const std::optional<std::string> pattern =
+        EditPatternDialog(details_.window(), PatternCaller(rule_->dataType), rule_->outputPattern);
+    if (!pattern)
+        return;
+    rule_->outputPattern = *pattern;
+    output_->txtDateEditPat->setText(ToQt(EditPatternToText(*pattern)));
 }
 
 void ColumnRuleEditor::fDisplay_frmValueSource() {

@@ -80,6 +80,7 @@ class ColumnRuleEditor : public QObject {
     std::string EnteredConstant() const;
     void GoTo(ColumnRuleField field);
 
+    void ChooseEditPattern();
     void fDisplay_frmValueSource();
 
     QTabWidget& details_;
@@ -90,7 +91,7 @@ class ColumnRuleEditor : public QObject {
     std::vector<QWidget*> fields_;  // what EnableTCRControls opens
     std::function<void()> onSourceChanged_;
 
-    std::optional<ColumnRuleDetails> rule_;  // as stored
+    std::optional<ColumnRuleDetails> rule_;  // as stored, but for the pattern on screen
     bool columnResolvedByParent_ = false;
 };
 
