@@ -80,6 +80,14 @@ TEST_F(WorkingDatabaseTest, ChildrenTakeTheirParentsInTurn) {
                   "Creating data in temporary database", "Resolving foreign keys", "Generating data"}));
 }
 
+TEST_F(WorkingDatabaseTest, LongPassesGiveSignsOfLife) {
+    AddRule("U", {{"A", "Long Integer", 0, 0, 0, {{"Flag Column Unique", true}}}},
+            {{"End Range", 100}, {"Quantity", 100}});
+    Delimited();
+    EXPECT_GE(progress.signs, 1);
+    EXPECT_EQ(progress.rows, 100);
+}
+
 TEST_F(WorkingDatabaseTest, GrandchildSeesResolvedValuesOnlyBehindItsParent) {
     const int grandchild = AddRule("G", {{"PID", "Long Integer"}}, Rows(1));
     const int child = AddRule("C", {{"PID", "Long Integer"}}, Rows(1));

@@ -31,5 +31,6 @@ void ShootGenericValues(const Album& album);
 void ShootForeignKeys(const Album& album);
 void ShootPatternScreens(const Album& album);
 void ShootColumnDetails(const Album& album);
+void ShootGenerateData(const Album& album);
 
 }  // namespace vellumark::test

@@ -29,11 +29,13 @@ class ProgressRecorder : public RunProgress {
         started = std::to_string(total) + " rows, " + std::to_string(tables) + " tables";
     }
     void Rows(std::int64_t count) override { rows = count; }
+    void Alive() override { ++signs; }
     void Finish() override { ++finished; }
 
     std::vector<std::string> captions;
     std::string started;
     std::int64_t rows = 0;
+    int signs = 0;  // of life
     int finished = 0;
 };
 
