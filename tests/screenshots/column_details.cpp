@@ -1,3 +1,5 @@
+#include <QComboBox>
+#include <QDateTimeEdit>
 #include <QTabWidget>
 
 #include "album.h"
@@ -47,6 +49,13 @@ void ShootColumnDetails(const Album& album) {
         details.setCurrentIndex(shot.tab);
         album.Take(shot.picture, details);
     }
+    details.setCurrentIndex(0);
+    auto* constant = details.findChild<QComboBox*>("cboConstVal");
+    constant->setCurrentIndex(1);
+    emit constant->activated(1);
+    details.findChild<QDateTimeEdit*>("dtpConstVal")
+        ->setDateTime(QDateTime(QDate(2026, 5, 31), QTime(12, 0)));
+    album.Take("columnDetails-overridden", details);
 }
 
 }  // namespace vellumark::test

@@ -30,8 +30,7 @@ QPalette DarkPalette() {
 constexpr std::array kFiles = {
     vellumark::test::ShootPlatformScreens, vellumark::test::ShootSchemaEditor,
     vellumark::test::ShootGenericValues,   vellumark::test::ShootForeignKeys,
-    vellumark::test::ShootPatternScreens,
-    vellumark::test::ShootColumnDetails,
+    vellumark::test::ShootPatternScreens,  vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenerateData,
 };
 

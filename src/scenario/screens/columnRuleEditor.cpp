@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -120,7 +121,8 @@ void ColumnRuleEditor::AddPages() {
     NumericKeys(*override_->txtColStart, DataType::Integer);
     NumericKeys(*override_->txtColEnd, DataType::Integer);
     // What comes and goes must not move what stays.
-    override_->layoutRule->setRowMinimumHeight(0, override_->cboConstVal->sizeHint().height());
+    override_->layoutRule->setRowMinimumHeight(0, std::max(override_->cboConstVal->sizeHint().height(),
+                                                           override_->dtpConstVal->sizeHint().height()));
     for (QWidget* hidden : std::initializer_list<QWidget*>{
              properties_->lblPrecision, properties_->txtPrecision, properties_->lblScale,
              properties_->txtScale, properties_->fraForeignKey}) {
