@@ -1,6 +1,9 @@
 #include "scenario/screens/columnRuleEditor.h"
 
+#include <QCheckBox>
 #include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QRadioButton>
 #include <QTabWidget>
 
 #include "repository/modVellumark.h"

@@ -1,5 +1,6 @@
 #include "engine/screens/frmGenerateData.h"
 
+#include <QComboBox>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QStatusBar>
