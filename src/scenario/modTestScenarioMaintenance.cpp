@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -266,9 +267,30 @@ bool DeleteScenario() {
     // A folder that can't be removed stays behind; the rows are the truth.
     std::error_code ignored;
     fs::remove_all(CurrentTSOFolder, ignored);
-    if (SessionState == kOpenWithScenario)
-        SetSessionState(kOpenNoScenario);
+    std::vector<std::string>& names = CurrentList();
+    if (const auto entry = std::ranges::find(names, CurrentTSOName); entry != names.end())
+        names.erase(entry);
+    SelectNoScenario();
     return true;
+}
+
+void SelectNoScenario() {
+    CurrentTSOId = 0;
+    CurrentTSOName.clear();
+    CurrentTSOFolder.clear();
+    SetSessionState(CurrentDBSId < 1 ? kNotOpen : kOpenNoScenario);
+}
+
+std::string ScenarioLastModified(std::string_view name) {
+    const std::string folder = ScenarioFolder(name);
+    std::error_code failure;
+    fs::file_time_type last = fs::last_write_time(folder, failure);
+    if (failure)
+        return {};
+    for (fs::directory_iterator file(folder, failure), end; !failure && file != end; file.increment(failure))
+        last = std::max(last, file->last_write_time(failure));
+    return platform::LocalText(std::chrono::time_point_cast<std::chrono::system_clock::duration>(
+        std::chrono::file_clock::to_sys(last)));
 }
 
 bool OpenScenario(std::string_view name) {

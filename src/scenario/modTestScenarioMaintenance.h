@@ -20,7 +20,8 @@ bool SaveScenarioAs(std::string name);
 // Renames the current Scenario and its folder, asking for the name when it is empty.
 bool RenameScenario(std::string name);
 
-// Removes the Scenario in CurrentTSOId and its folder CurrentTSOFolder, without a question.
+// Removes the Scenario in CurrentTSOId and its folder CurrentTSOFolder, without a question. None is selected
+// then.
 bool DeleteScenario();
 
 // Removes the rows of the Scenario in CurrentTSOId alone. Needs an open Repository; throws platform::Error.
@@ -31,6 +32,13 @@ bool fConfirmDeleteScenario();
 
 // Selects the Scenario of that name in the open schema; false when there is none, which changes nothing.
 bool OpenScenario(std::string_view name);
+
+// Leaves the open schema without a selected Scenario.
+void SelectNoScenario();
+
+// When the Scenario's folder or a file in it last changed, "YYYY-MM-DD HH:MM:SS"; empty without a folder. The
+// rows of a Scenario bear no time.
+std::string ScenarioLastModified(std::string_view name);
 
 // Makes the System Scenario of a new schema with its default rules.
 void CreateSystemScenario();

@@ -107,6 +107,22 @@ TEST_F(ScenarioTest, CopyKeepsIdsAndOwnsItsConnections) {
     EXPECT_EQ(Count("TSO Insert Column Rule", "[FK TSO Id] = 1"), 1);
     EXPECT_FALSE(fs::exists(ScenarioFolder("Copy")));
     EXPECT_EQ(SessionState, kOpenNoScenario);
+    EXPECT_EQ(CurrentTSOId, 0);
+    EXPECT_EQ(InsertScenarioNames, std::vector<std::string>{"Fill"});
+}
+
+TEST_F(ScenarioTest, LastModifiedIsTheLatestTimeInTheFolder) {
+    using std::chrono::days;
+    ASSERT_TRUE(CreateScenario("Fill"));
+    const fs::file_time_type made = fs::last_write_time(CurrentTSOFolder);
+    const std::string before = ScenarioLastModified("Fill");
+    const std::string output = folder.Write("databases/Shop.dbs/Fill.tso/out.sql", "x");
+    fs::last_write_time(output, made - days(2));
+    fs::last_write_time(CurrentTSOFolder, made);
+    EXPECT_EQ(ScenarioLastModified("Fill"), before);
+    fs::last_write_time(output, made + days(400));
+    EXPECT_GT(ScenarioLastModified("Fill"), before);
+    EXPECT_EQ(ScenarioLastModified("None"), "");
 }
 
 TEST_F(ScenarioTest, RenameMovesRowListAndFolderTogether) {
