@@ -9,6 +9,7 @@
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "repository/addresses.h"
 #include "repository/modOptionsMaintenance.h"
 #include "repository/modRepositoryStores.h"
 #include "repository/modRepositoryUpgrade.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr int kRepositoryLevel = 2;
 constexpr std::string_view kSettingsFileName = "Vellumark.INI";
-constexpr std::string_view kSupportAddress = "https://vellumark.example/support";
 
 int repositoryScopes = 0;
 int valuesScopes = 0;
@@ -154,7 +154,7 @@ void LoadProgramPaths() {
     GridWeaverHelpFilePath = ProgramFolder + "Grid Weaver.chm";
 }
 
-void StartSession(std::string_view commandLine) {
+void StartSession(std::string_view commandLine, const std::function<void()>& showStart) {
     LoadProgramPaths();
     SplitCommandLine(commandLine);
     const bool named = !CommandWords[0].empty() && !IsSisterWord(CommandWords[0]);
@@ -164,6 +164,8 @@ void StartSession(std::string_view commandLine) {
         MakeUserInstallation();
     LoadSettings();
     CheckRepository();
+    if (showStart)
+        showStart();
     EnsureOptions();
 }
 

@@ -83,8 +83,8 @@ std::string DefaultSettingsFilePath();
 
 // Splits the command line "[settings file][,word]" and starts the session: settings, Repository check with
 // the upgrade that may be due, options. Shows its message and throws platform::ProgramEnd when the program
-// can't go on.
-void StartSession(std::string_view commandLine);
+// can't go on. `showStart` is called once the Repository is known to be usable.
+void StartSession(std::string_view commandLine, const std::function<void()>& showStart = {});
 
 // Sets version, program folder and the paths that hang on it. StartSession calls it.
 void LoadProgramPaths();

@@ -144,6 +144,16 @@ void ListScenarios() {
     }
 }
 
+void TakeSchema(const dao::Recordset& schema) {
+    ShownSchemaName = schema.Text("Name");
+    ShownSchemaDescription = schema.Text("Description");
+    ShownModelName = schema.Text("COOLGen Model Name");
+    CurrentDBSId = schema.Long("Id");
+    CurrentDBSName = ShownSchemaName;
+    CurrentDBSFolder = SchemaFolder(CurrentDBSName);
+    CurrentDBSSource = schema.Text("Source").empty() ? ' ' : schema.Text("Source").front();
+}
+
 void SelectFirstScenario() {
     CurrentScenarioTab = ScenarioTab::Insert;
     CurrentTSOId = 0;
@@ -226,13 +236,7 @@ bool OpenDatabaseSchema() {
         ShowMissingSchema(id);
         return false;
     }
-    ShownSchemaName = schema.Text("Name");
-    ShownSchemaDescription = schema.Text("Description");
-    ShownModelName = schema.Text("COOLGen Model Name");
-    CurrentDBSId = id;
-    CurrentDBSName = ShownSchemaName;
-    CurrentDBSFolder = SchemaFolder(CurrentDBSName);
-    CurrentDBSSource = schema.Text("Source").empty() ? ' ' : schema.Text("Source").front();
+    TakeSchema(schema);
     if (!fs::exists(CurrentDBSFolder)) {
         platform::ShowCritical("Cannot find Database directory '" + CurrentDBSFolder + "'");
         CloseDatabaseSchema();
@@ -261,6 +265,25 @@ bool OpenSelectedSchema(int schemaId) {
     if (AutoConnect)
         ConnectTarget();
     return true;
+}
+
+void RereadDatabaseSchema() {
+    if (CurrentDBSId < 1)
+        return;
+    const RepositoryScope repository;
+    const dao::Recordset schema = SchemaRow(CurrentDBSId);
+    if (schema.IsEOF()) {
+        ShowMissingSchema(CurrentDBSId);
+        CloseDatabaseSchema();
+        return;
+    }
+    TakeSchema(schema);
+    InsertScenarioNames.clear();
+    DeleteScenarioNames.clear();
+    ListScenarios();
+    const std::string selected = CurrentTSOName;
+    SelectNoScenario();
+    OpenScenario(selected);
 }
 
 void CloseDatabaseSchema() {

@@ -22,6 +22,10 @@ bool OpenDatabaseSchema();
 // so.
 bool OpenSelectedSchema(int schemaId);
 
+// Brings what is shown of the open schema up to date with its rows, which another program may have changed.
+// The selection stays if it can; a schema that has gone is closed.
+void RereadDatabaseSchema();
+
 // Closes the open schema and its Target Connection; does nothing else when none is open.
 void CloseDatabaseSchema();
 

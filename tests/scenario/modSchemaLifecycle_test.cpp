@@ -122,6 +122,35 @@ TEST_F(LifecycleTest, OpeningFollowsTheRowsAndTheFolder) {
     EXPECT_EQ(SessionState, kNotOpen);
 }
 
+TEST_F(LifecycleTest, RereadingShowsWhatOthersChanged) {
+    RereadDatabaseSchema();
+    EXPECT_EQ(SessionState, kNotOpen);
+
+    ASSERT_TRUE(fNewSchema(Details("Shop")));
+    const auto others = [](const std::string& sql) {
+        {
+            const RepositoryScope repository;
+            RepositoryDatabase.Execute(sql);
+        }
+        RereadDatabaseSchema();
+    };
+    others("insert into [Test Scenario] ([Id], [FK DBS Id], [Name], [Type]) values (9, 1, 'New', 'I')");
+    EXPECT_EQ(InsertScenarioNames, (std::vector<std::string>{"Scenario to create data", "New"}));
+    EXPECT_EQ(CurrentTSOName, "Scenario to create data");
+    EXPECT_EQ(SessionState, kOpenWithScenario);
+
+    others("update [Test Scenario] set [Name] = 'Other' where [Id] = 2");
+    EXPECT_EQ(SessionState, kOpenNoScenario);
+    EXPECT_EQ(CurrentTSOId, 0);
+    others("update [Database] set [Description] = 'changed'");
+    EXPECT_EQ(ShownSchemaDescription, "changed");
+    EXPECT_EQ(recorder.Take(), "");
+
+    others("delete from [Database]");
+    EXPECT_EQ(SessionState, kNotOpen);
+    EXPECT_EQ(recorder.Take(), "exclamation: Cannot open the Database identifier 1");
+}
+
 TEST_F(LifecycleTest, DeleteTakesEverythingOfThatSchemaOnly) {
     ASSERT_TRUE(fNewSchema(Details("Keep")));
     const std::string before = AllRows();
