@@ -166,7 +166,11 @@ void StartSession(std::string_view commandLine, const std::function<void()>& sho
     CheckRepository();
     if (showStart)
         showStart();
-    EnsureOptions();
+    try {
+        EnsureOptions();
+    } catch (const platform::Error& error) {
+        EndOverRepository(error);
+    }
 }
 
 void LoadSettings() {

@@ -51,6 +51,7 @@ TEST_F(StartTest, UnusableRepositoryEndsTheProgram) {
         const char* what;
         std::function<void()> spoil;
         const char* error;
+        bool startShown = false;
     } cases[] = {
         {"missing", [&] { fs::remove(RepositoryPath); }, "Error: 3024 "},
         {"no database", [&] { folder.Write("Vellumark.mdb", std::string(9000, 'x')); }, "Error: 3343 "},
@@ -61,10 +62,21 @@ TEST_F(StartTest, UnusableRepositoryEndsTheProgram) {
              dao::CreateDatabase(RepositoryPath, "other");
          },
          "Error: 3031 "},
+        {"no options",
+         [&] {
+             fs::remove(RepositoryPath);
+             CreateRepository(RepositoryPath);
+             StartSession(file);
+             const RepositoryScope repository;
+             RepositoryDatabase.DropTable("Options");
+         },
+         "Error: 3078 ", true},
     };
     for (const auto& c : cases) {
         c.spoil();
-        EXPECT_THROW(StartSession(file), platform::ProgramEnd) << c.what;
+        bool startShown = false;
+        EXPECT_THROW(StartSession(file, [&] { startShown = true; }), platform::ProgramEnd) << c.what;
+        EXPECT_EQ(startShown, c.startShown) << c.what;
         const std::string shown = recorder.Take();
         EXPECT_TRUE(
             shown.starts_with("exclamation: Unexpected error occurred trying to open the Vellumark "
