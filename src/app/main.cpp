@@ -1,7 +1,5 @@
-#include <QLabel>
-#include <QMainWindow>
-#include <QStatusBar>
-
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
 #include "platform/error.h"
 #include "platform/screens/boxDialogs.h"
 #include "platform/screens/desktopApplication.h"
@@ -9,42 +7,37 @@
 
 namespace {
 
-QString WelcomeText() {
-    const auto row = [](const char* label, const std::string& value) {
-        return QString("<tr><td>%1&nbsp;&nbsp;</td><td>%2</td></tr>")
-            .arg(label, QString::fromStdString(value).toHtmlEscaped());
-    };
-    return QString(
-               "<h2>Vellumark %1</h2><p>Fills relational databases with test data and removes it "
-               "again.</p><table>")
-               .arg(QString::fromStdString(vellumark::VersionString)) +
-           row("Settings file:", vellumark::SettingsFilePath) +
-           row("Repository:", vellumark::RepositoryPath) + row("Values:", vellumark::ValuesPath) +
-           row("Database schemas:", vellumark::DatabasesFolder) + "</table>";
-}
-
 // The command line is one text; the shell has split it at blanks.
 std::string JoinedArguments() {
     return QCoreApplication::arguments().mid(1).join(' ').toStdString();
+}
+
+int RunDesktop(vellumark::BoxDialogs& dialogs) {
+    std::unique_ptr<vellumark::frmSplash> splash;
+    vellumark::StartSession(JoinedArguments(), [&splash] {
+        splash = std::make_unique<vellumark::frmSplash>();
+        splash->ShowAtOnce();
+    });
+    vellumark::frmMain window;
+    dialogs.ShowStatusIn([&window](const std::string& text) { window.ShowProgress(text); });
+    QObject::connect(&window, &vellumark::frmMain::Closed, [] { QCoreApplication::exit(0); });
+    QObject::connect(splash.get(), &QDialog::finished, &window, &QWidget::show);
+    return vellumark::DesktopApplication::exec();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     vellumark::DesktopApplication application(argc, argv);
+    vellumark::DesktopApplication::setQuitOnLastWindowClosed(false);
     vellumark::BoxDialogs dialogs;
     vellumark::platform::UseDialogs(dialogs);
     try {
-        vellumark::StartSession(JoinedArguments());
+        return RunDesktop(dialogs);
     } catch (const vellumark::platform::ProgramEnd&) {
         return 1;
+    } catch (const std::exception& error) {
+        vellumark::platform::ShowCritical(std::string("Vellumark cannot start.\n\n") + error.what());
+        return 1;
     }
-    QMainWindow window;
-    auto* label = new QLabel(WelcomeText(), &window);
-    label->setMargin(24);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    window.setCentralWidget(label);
-    window.statusBar()->showMessage("Definitions and runs: vellumark-cli --help");
-    window.show();
-    return vellumark::DesktopApplication::exec();
 }

@@ -25,6 +25,7 @@ class Album {
 
 // One function a file of pictures, called in this order by main. The schema "Shop" with a filled Insert
 // Scenario is open before each.
+void ShootMainScreens(const Album& album);
 void ShootPlatformScreens(const Album& album);
 void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);

@@ -32,6 +32,8 @@ constexpr std::array kFiles = {
     vellumark::test::ShootGenericValues,   vellumark::test::ShootForeignKeys,
     vellumark::test::ShootPatternScreens,  vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenerateData,
+    vellumark::test::ShootPatternScreens,
+    vellumark::test::ShootMainScreens,
 };
 
 }  // namespace

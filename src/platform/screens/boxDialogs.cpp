@@ -35,15 +35,26 @@ void SetText(QMessageBox& box, const std::string& text) {
     box.setText(ToQt(text));
 }
 
+// The usual pointer while a box waits for the user, even where the operation under it shows the hourglass.
+class BoxPointer {
+ public:
+    BoxPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~BoxPointer() { QApplication::restoreOverrideCursor(); }
+    BoxPointer(const BoxPointer&) = delete;
+    BoxPointer& operator=(const BoxPointer&) = delete;
+};
+
 }  // namespace
 
 void BoxDialogs::Message(platform::Icon icon, const std::string& text) {
+    const BoxPointer pointer;
     QMessageBox box(BoxIcon(icon), kTitle, "", QMessageBox::Ok, QApplication::activeWindow());
     SetText(box, text);
     box.exec();
 }
 
 bool BoxDialogs::AskYesNo(platform::Icon icon, const std::string& text) {
+    const BoxPointer pointer;
     QMessageBox box(BoxIcon(icon), kTitle, "", QMessageBox::Yes | QMessageBox::No,
                     QApplication::activeWindow());
     SetText(box, text);
@@ -52,6 +63,7 @@ bool BoxDialogs::AskYesNo(platform::Icon icon, const std::string& text) {
 }
 
 std::optional<std::string> BoxDialogs::Ask(const platform::Prompt& prompt) {
+    const BoxPointer pointer;
     bool accepted = false;
     const QString answer =
         QInputDialog::getText(QApplication::activeWindow(), ToQt(prompt.title), ToQt(prompt.text),
@@ -60,6 +72,7 @@ std::optional<std::string> BoxDialogs::Ask(const platform::Prompt& prompt) {
 }
 
 int BoxDialogs::Choose(const platform::Choice& choice) {
+    const BoxPointer pointer;
     frmQuestion question(choice, QApplication::activeWindow());
     question.exec();
     return question.QuestionAnswer();

@@ -1,0 +1,127 @@
+#include "app/screenOpeners.h"
+
+#include <string>
+
+#include "app/frmAbout.h"
+#include "app/frmTechSupport.h"
+#include "platform/dialogs.h"
+
+namespace vellumark {
+
+namespace {
+
+void NotYet(const std::string& subject) {
+    platform::ShowInformation(subject + " is not part of this version yet.");
+}
+
+}  // namespace
+
+void ReadNewSchema(QWidget* /*main*/) {
+    NotYet("Reading a new schema from a database connection");
+}
+
+void CreateSchemaManually(QWidget* /*main*/) {
+    NotYet("Manually creating a Database schema");
+}
+
+void ChooseSchema(QWidget* /*main*/) {
+    NotYet("Opening a Database schema");
+}
+
+void EditSchema(QWidget* /*main*/) {
+    NotYet("Editing a Database schema");
+}
+
+void DeleteSchemas(QWidget* /*main*/) {
+    NotYet("Deleting a Database schema");
+}
+
+void SetTargetConnection(QWidget* /*main*/) {
+    NotYet("The Target Connection screen");
+}
+
+void ShowSchemaTree(QWidget* /*main*/) {
+    NotYet("The tree view");
+}
+
+void ReportSchema(QWidget* /*main*/) {
+    NotYet("The Database Definition report");
+}
+
+void ReportTables(QWidget* /*main*/) {
+    NotYet("The List Tables report");
+}
+
+void ShowTableStatistics(QWidget* /*main*/) {
+    NotYet("The table statistics screen");
+}
+
+void ControlVersions(QWidget* /*main*/) {
+    NotYet("Version control");
+}
+
+void MergeSchemas(QWidget* /*main*/) {
+    NotYet("Merging Database schemas");
+}
+
+void ReadCOOLGenModel(QWidget* /*main*/) {
+    NotYet("Reading a COOL:Gen model");
+}
+
+void ReadCaseWeaverFile(QWidget* /*main*/) {
+    NotYet("Reading a Case Weaver file");
+}
+
+void ReadSheetWeaverFile(QWidget* /*main*/) {
+    NotYet("Reading a Sheet Weaver file");
+}
+
+void EditScenario(QWidget* /*main*/) {
+    NotYet("The Scenario editor");
+}
+
+void SetForeignKeys(QWidget* /*main*/) {
+    NotYet("The foreign key diagram");
+}
+
+void SelectTables(QWidget* /*main*/) {
+    NotYet("Selecting tables");
+}
+
+void GenerateData(QWidget* /*main*/) {
+    NotYet("The screen for generating data");
+}
+
+void ViewTargetData(QWidget* /*main*/) {
+    NotYet("Editing data on the Target database");
+}
+
+void BuildSQL(QWidget* /*main*/) {
+    NotYet("The SQL builder");
+}
+
+void LoadJetTable(QWidget* /*main*/) {
+    NotYet("Loading a Jet table");
+}
+
+void ShowOptions(QWidget* /*main*/) {
+    NotYet("The options screen");
+}
+
+void MaintainGenericValues(QWidget* /*main*/) {
+    NotYet("Maintaining Generic values");
+}
+
+void MaintainConversionCodes(QWidget* /*main*/) {
+    NotYet("Maintaining Conversion Codes");
+}
+
+void ShowTechnicalSupport(QWidget* main) {
+    frmTechSupport(main).exec();
+}
+
+void ShowAbout(QWidget* main) {
+    frmAbout(main).exec();
+}
+
+}  // namespace vellumark
