@@ -31,7 +31,7 @@ constexpr std::array kCommands = {
     Command{"ID_TableStats", "Table &Statistics...", Statistics, ShowTableStatistics},
     Command{"ID_VersionControl", "&Version Control...", SchemaOpen, ControlVersions},
     Command{"ID_DBSMerge", "Merge Database Sc&hemas...", SchemaOpen, MergeSchemas},
-    Command{"ID_Exit", "E&xit", Always, Exit, "exit", "Ctrl+Q"},
+    Command{"ID_Exit", "E&xit", Always, Exit, "", "Ctrl+Q"},
 
     // Grid &Weaver
     Command{"ID_NewCOOLGen", "Read COOL:Gen &model...", Always, ReadCOOLGenModel, "new-coolgen"},

@@ -70,6 +70,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui
     ui_->lvwInsertTSO->SetPicture(LineIcon("insert-data"));
     ui_->lvwDeleteTSO->SetPicture(LineIcon("delete-data"));
     statusPanel_.setObjectName("lblStatus");
+    statusPanel_.setContentsMargins(6, 0, 6, 0);
     statusBar()->addWidget(&statusPanel_, 1);
     AddCommands();
     AddViewCommands();

@@ -12,7 +12,7 @@ namespace {
 
 enum Column { kName, kLastModified };
 
-constexpr int kLargeIcon = 40;
+constexpr int kLargeIcon = 32;
 constexpr int kLongestShown = 34;  // characters of a name before it is cut
 
 bool IsEnter(const QEvent& event) {
@@ -22,14 +22,29 @@ bool IsEnter(const QEvent& event) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+// A large icon with three lines of its name below, all in the widths of the letters.
+QSize LargeIconCell(const QFontMetrics& letters) {
+    return {20 * letters.averageCharWidth(), kLargeIcon + 4 * letters.lineSpacing()};
+}
+
 }  // namespace
+
+QSize LargeIconDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
+    return LargeIconCell(option.fontMetrics);
+}
+
+void LargeIconDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+    const qreal ratio = option->widget == nullptr ? 1 : option->widget->devicePixelRatioF();
+    option->icon = QIcon(option->icon.pixmap(option->decorationSize, ratio));
+}
 
 ScenarioList::ScenarioList(QWidget* parent) : QStackedWidget(parent), entries_(0, 2) {
     entries_.setHorizontalHeaderLabels({"Test Scenario", "Last Modified"});
     sorted_.setSourceModel(&entries_);
     sorted_.setSortCaseSensitivity(Qt::CaseInsensitive);
     list_.setModel(&sorted_);
-    list_.setUniformItemSizes(true);
     SetUpReport();
     hint_.setAlignment(Qt::AlignCenter);
     hint_.setWordWrap(true);
@@ -117,6 +132,7 @@ void ScenarioList::ArrangeList() {
     const int line = fontMetrics().lineSpacing();
     const bool large = view_ == ScenarioView::Icon;
     const int small = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    list_.setItemDelegate(large ? static_cast<QStyledItemDelegate*>(&largeIcons_) : &smallIcons_);
     list_.setViewMode(large ? QListView::IconMode : QListView::ListMode);
     list_.setMovement(QListView::Static);
     list_.setResizeMode(QListView::Adjust);
@@ -126,7 +142,7 @@ void ScenarioList::ArrangeList() {
     const int icon = large ? kLargeIcon : small;
     list_.setIconSize(QSize(icon, icon));
     const int width = list_.sizeHintForColumn(kName) + 2 * character;
-    list_.setGridSize(large ? QSize(18 * character, kLargeIcon + 4 * line)
+    list_.setGridSize(large ? LargeIconCell(fontMetrics())
                             : QSize(std::min(width, 2 * kLongestShown * character), line + line / 2));
 }
 

@@ -5,11 +5,24 @@
 #include <QSortFilterProxyModel>
 #include <QStackedWidget>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <string>
 #include <vector>
 
 namespace vellumark {
+
+// Large icons stand above the highlight of their text, so a selected one is not drawn for the highlight's
+// colour.
+class LargeIconDelegate : public QStyledItemDelegate {
+ public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+};
 
 enum class ScenarioView { Icon, SmallIcon, List, Report };
 
@@ -56,6 +69,8 @@ class ScenarioList : public QStackedWidget {
 
     QStandardItemModel entries_;
     QSortFilterProxyModel sorted_;
+    LargeIconDelegate largeIcons_;
+    QStyledItemDelegate smallIcons_;
     QListView list_;
     QTreeView report_;
     QLabel hint_;

@@ -5,6 +5,8 @@
 #include "app/frmAbout.h"
 #include "app/frmTechSupport.h"
 #include "platform/dialogs.h"
+#include "schema/screens/frmDBSMaintenance.h"
+#include "schema/screens/frmDatabaseTree.h"
 
 namespace vellumark {
 
@@ -28,8 +30,8 @@ void ChooseSchema(QWidget* /*main*/) {
     NotYet("Opening a Database schema");
 }
 
-void EditSchema(QWidget* /*main*/) {
-    NotYet("Editing a Database schema");
+void EditSchema(QWidget* main) {
+    frmDBSMaintenance(main).exec();
 }
 
 void DeleteSchemas(QWidget* /*main*/) {
@@ -40,8 +42,8 @@ void SetTargetConnection(QWidget* /*main*/) {
     NotYet("The Target Connection screen");
 }
 
-void ShowSchemaTree(QWidget* /*main*/) {
-    NotYet("The tree view");
+void ShowSchemaTree(QWidget* main) {
+    frmDatabaseTree(main).exec();
 }
 
 void ReportSchema(QWidget* /*main*/) {

@@ -23,6 +23,8 @@ QPalette DarkPalette() {
     dark.setColor(QPalette::Link, QColor(0x6c, 0xa8, 0xe8));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         dark.setColor(QPalette::Disabled, role, QColor(0x7a, 0x7d, 0x82));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x86));
     return dark;
 }
 
