@@ -1,0 +1,499 @@
+#include "app/frmMain.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QSignalSpy>
+#include <QTextBrowser>
+#include <filesystem>
+#include <set>
+
+#include "app/frmSplash.h"
+#include "platform/screens/qtText.h"
+#include "repository/addresses.h"
+#include "repository/modSequentialFileServices.h"
+#include "repository/modVellumark.h"
+#include "scenario/modSchemaLifecycle.h"
+#include "scenario/modTestScenarioMaintenance.h"
+#include "schema/modDatabaseConnection.h"
+#include "screen_test.h"
+
+namespace vellumark::test {
+
+namespace {
+
+class FrmMainTest : public ScreenTest {
+ protected:
+    void SetUp() override {
+        ScreenTest::SetUp();
+        QSettings().clear();
+        CommandWords = {};
+        TargetConnectionState = 'D';
+        ConnectionStatusText = "Target Database: Disconnected";
+    }
+
+    void TearDown() override {
+        CommandWords = {};
+        ScreenTest::TearDown();
+    }
+
+    // The schema Shop with a second Insert Scenario "Second", in a shown window; the first one is selected.
+    std::unique_ptr<frmMain> OpenShop() {
+        ReadShop();
+        CreateScenario("Second");
+        OpenScenario(kFirst);
+        auto window = std::make_unique<frmMain>();
+        window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        recorder.Take();
+        return window;
+    }
+
+    void Elsewhere(const std::string& sql) {
+        const RepositoryScope repository;
+        RepositoryDatabase.Execute(sql);
+    }
+
+    static constexpr const char* kFirst = "Scenario to create data";
+};
+
+ScenarioList& List(const frmMain& window, const char* name) {
+    return Child<ScenarioList>(window, name);
+}
+
+// The entries in the order shown, the selected one in brackets.
+std::string Entries(const frmMain& window, const char* name) {
+    const ScenarioList& list = List(window, name);
+    const QAbstractItemModel& model = *list.findChild<QTreeView*>()->model();
+    QStringList entries;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QString entry = model.index(row, 0).data().toString();
+        entries.append(entry == ToQt(list.SelectedName()) ? "[" + entry + "]" : entry);
+    }
+    return FromQt(entries.join('|'));
+}
+
+QAbstractItemView& FrontView(const frmMain& window, const char* list) {
+    return dynamic_cast<QAbstractItemView&>(*List(window, list).currentWidget());
+}
+
+QPoint EntryAt(const QAbstractItemView& view, int row) {
+    return view.visualRect(view.model()->index(row, 0)).center();
+}
+
+void ClickEntry(QAbstractItemView& view, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, EntryAt(view, row));
+}
+
+void ClickTab(const frmMain& window, int index) {
+    auto& bar = *Child<QTabWidget>(window, "vstTSOList").tabBar();
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
+}
+
+std::string Bar(const QList<QAction*>& actions) {
+    QStringList keys;
+    for (const QAction* action : actions)
+        keys.append(action->isSeparator() ? "-" : action->objectName());
+    return FromQt(keys.join(' '));
+}
+
+// N, O and S are the states of the session; "c" and "d" hold with a schema open and its Target connected or
+// not, "i" with a schema open but for a Scenario selected on the Delete tab.
+struct ExpectedCommand {
+    const char* key;
+    const char* caption;
+    const char* states;
+};
+
+const ExpectedCommand kExpected[] = {
+    {"ID_NewDB", "Read &New Schema from Database Connection...", "NOS"},
+    {"ID_DBSNew", "&Manually create a New Database Schema...", "NOS"},
+    {"ID_Open", "&Open Database Schema...", "NOS"},
+    {"ID_DBSEdit", "&Edit Database Schema...", "OS"},
+    {"ID_Close", "&Close Database Schema", "OS"},
+    {"ID_DBDelete", "&Delete Database Schema...", "NOS"},
+    {"ID_CONTarget", "Tar&get Database Connection...", "OS"},
+    {"ID_DBSConnect", "Connect to Target Database", "d"},
+    {"ID_DBSDisconnect", "Disconnect from Target Database", "c"},
+    {"ID_DBTree", "&Tree View...", "OS"},
+    {"ID_DBReport", "&Database Definition Report...", "OS"},
+    {"ID_TableStats", "Table &Statistics...", "i"},
+    {"ID_VersionControl", "&Version Control...", "OS"},
+    {"ID_DBSMerge", "Merge Database Sc&hemas...", "OS"},
+    {"ID_Exit", "E&xit", "NOS"},
+    {"ID_GridWeaver", "Grid &Weaver", "NOS"},
+    {"ID_NewCOOLGen", "Read COOL:Gen &model...", "NOS"},
+    {"ID_CaseWeaver", "Read &Case Weaver File...", "NOS"},
+    {"ID_SheetWeaver", "Read &Sheet Weaver File...", "NOS"},
+    {"ID_RepTable", "List Tables Report...", "OS"},
+    {"ID_NewTS", "&New Scenario...", "OS"},
+    {"ID_TbtEdit", "&Edit Scenario...", "S"},
+    {"ID_ParentChildDiagram", "Set &Foreign Keys...", "S"},
+    {"ID_SaveTSAs", "&Save As...", "S"},
+    {"ID_TSORename", "&Rename Scenario...", "S"},
+    {"ID_Delete", "&Delete Scenario", "S"},
+    {"ID_TSOSelectTables", "Select Database &Tables...", "S"},
+    {"ID_ConsistencyCheck", "Consistenc&y Check", "S"},
+    {"ID_GenData", "&Generate SQL...", "S"},
+    {"ID_ViewData", "Edit &Data on Target Database...", "OS"},
+    {"ID_SQLBuilder", "&SQL Builder", "OS"},
+    {"ID_LoadTable", "&Load Jet Table", "NOS"},
+    {"ID_Options", "&Options...", "NOS"},
+    {"ID_ValMaint", "&Generic Values...", "NOS"},
+    {"ID_CNVMaint", "&Conversion Codes...", "NOS"},
+    {"ID_HelpContents...", "Help Contents...", "NOS"},
+    {"ID_HelpSearch...", "Help Search...", "NOS"},
+    {"ID_HelpUsingHelp...", "Help Using Help...", "NOS"},
+    {"ID_TechnicalSupport", "Technical Support...", "NOS"},
+    {"ID_WebHome", "Tarvo Software on the Web...", "NOS"},
+    {"ID_WebVM", "Vellumark on the Web...", "NOS"},
+    {"ID_HelpAbout...", "Help About...", "NOS"},
+    {"ID_btnIcon", "Icon View", "NOS"},
+    {"ID_btnSmallIcon", "Small Icon View", "NOS"},
+    {"ID_btnList", "List View", "NOS"},
+    {"ID_btnReport", "Report View", "NOS"},
+};
+
+TEST_F(FrmMainTest, EachCommandFollowsTheSession) {
+    const frmMain window;
+    for (const std::string_view state : {kNotOpen, kOpenNoScenario, kOpenWithScenario})
+        for (const char connection : {'C', 'D'})
+            for (const ScenarioTab tab : {ScenarioTab::Insert, ScenarioTab::Delete}) {
+                TargetConnectionState = connection;
+                CurrentScenarioTab = tab;
+                SetSessionState(state);
+                const char letter = state == kNotOpen ? 'N' : state == kOpenNoScenario ? 'O' : 'S';
+                for (const ExpectedCommand& expected : kExpected) {
+                    const std::string_view states = expected.states;
+                    bool enabled = states.find(letter) != std::string_view::npos;
+                    if (letter != 'N' && states == "c")
+                        enabled = connection == 'C';
+                    if (letter != 'N' && states == "d")
+                        enabled = connection == 'D';
+                    if (letter != 'N' && states == "i")
+                        enabled = letter == 'O' || tab == ScenarioTab::Insert;
+                    EXPECT_EQ(Child<QAction>(window, expected.key).isEnabled(), enabled)
+                        << expected.key << " in " << state << " " << connection;
+                }
+            }
+    TargetConnectionState = 'D';
+    for (const ExpectedCommand& expected : kExpected)
+        EXPECT_EQ(FromQt(Child<QAction>(window, expected.key).text()), expected.caption);
+}
+
+TEST_F(FrmMainTest, MenusAndToolBarsHoldTheirCommandsInOrder) {
+    const frmMain window;
+    const auto menu = [&](const char* name) { return Bar(Child<QMenu>(window, name).actions()); };
+    std::string captions;
+    for (const QAction* action : window.menuBar()->actions())
+        captions += FromQt(action->text()) + " ";
+    EXPECT_EQ(captions, "Data&base &Scenario &Data &Tools &Help E&xit ");
+    EXPECT_EQ(menu("mnuDatabase"),
+              "ID_GridWeaver - ID_NewDB ID_DBSNew - ID_Open ID_DBSEdit ID_Close ID_DBDelete - ID_CONTarget "
+              "ID_DBSConnect ID_DBSDisconnect - ID_DBTree ID_DBReport ID_TableStats - ID_VersionControl "
+              "ID_DBSMerge - ID_Exit");
+    EXPECT_EQ(menu("ID_GridWeaver"), "ID_NewCOOLGen ID_CaseWeaver ID_SheetWeaver - ID_RepTable");
+    EXPECT_EQ(menu("mnuScenario"),
+              "ID_NewTS ID_TbtEdit ID_ParentChildDiagram ID_SaveTSAs ID_TSORename ID_Delete - "
+              "ID_TSOSelectTables");
+    EXPECT_EQ(menu("mnuData"), "ID_GenData ID_ViewData ID_SQLBuilder - ID_LoadTable");
+    EXPECT_EQ(menu("mnuTools"), "ID_Options - ID_ValMaint ID_CNVMaint");
+    EXPECT_EQ(menu("mnuHelp"),
+              "ID_HelpContents... ID_HelpUsingHelp... - ID_TechnicalSupport ID_WebHome ID_WebVM - "
+              "ID_HelpAbout...");
+    const auto& database = Child<QToolBar>(window, "tbrDatabase");
+    const auto& scenario = Child<QToolBar>(window, "tbrScenario");
+    EXPECT_EQ(Bar(database.actions()),
+              "ID_NewDB ID_NewCOOLGen ID_Open ID_DBTree ID_DBReport ID_Close - ID_CONTarget ID_DBSConnect "
+              "ID_DBSDisconnect");
+    EXPECT_EQ(Bar(scenario.actions()),
+              "ID_NewTS ID_TbtEdit ID_ParentChildDiagram ID_Delete - ID_GenData ID_ViewData ID_SQLBuilder - "
+              "ID_ValMaint - ID_btnIcon ID_btnList ID_btnSmallIcon");
+    for (const QAction* action : database.actions() + scenario.actions())
+        EXPECT_NE(action->isSeparator(), !action->icon().isNull()) << FromQt(action->objectName());
+    std::set<QKeySequence> shortcuts;
+    for (const QAction* action : window.findChildren<QAction*>())
+        EXPECT_TRUE(action->shortcut().isEmpty() || shortcuts.insert(action->shortcut()).second)
+            << FromQt(action->objectName());
+    for (const auto& [key, shortcut] : std::vector<std::pair<const char*, const char*>>{
+             {"ID_Open", "Ctrl+O"}, {"ID_TSORename", "F2"}, {"ID_HelpContents...", "F1"}})
+        EXPECT_EQ(FromQt(Child<QAction>(window, key).shortcut().toString()), shortcut);
+    EXPECT_EQ(FromQt(Child<QAction>(window, "ID_NewDB").toolTip()),
+              "Read New Schema from Database Connection (Ctrl+Shift+N)");
+}
+
+TEST_F(FrmMainTest, ShowsTheOpenSchemaAndForgetsItAtClose) {
+    auto window = OpenShop();
+    Elsewhere("update [Database] set [Description] = '<b>all</b>', [COOLGen Model Name] = 'M1'");
+    Press(*window, Qt::Key_F5);
+    EXPECT_EQ(TextOf(*window, "lblDBNameVal"), "Shop");
+    EXPECT_EQ(TextOf(*window, "lblDBDescriptionVal"), "<b>all</b>");
+    EXPECT_EQ(TextOf(*window, "lblModelVal"), "M1");
+    EXPECT_EQ(FromQt(window->windowTitle()), "Vellumark - Shop");
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO"), "[Scenario to create data]|Second");
+    EXPECT_EQ(Entries(*window, "lvwDeleteTSO"), "Scenario to delete data");
+
+    Press(*window, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(SessionState, kNotOpen);
+    EXPECT_EQ(TextOf(*window, "lblDBNameVal") + TextOf(*window, "lblModelVal"), "");
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO") + Entries(*window, "lvwDeleteTSO"), "");
+    auto& hint = dynamic_cast<QLabel&>(*List(*window, "lvwInsertTSO").currentWidget());
+    EXPECT_TRUE(hint.text().contains("No Database schema is open."));
+    const QSignalSpy opened(&Child<QAction>(*window, "ID_Open"), &QAction::triggered);
+    emit hint.linkActivated("ID_Open");
+    EXPECT_EQ(opened.size(), 1);
+}
+
+TEST_F(FrmMainTest, ListsSelectAndOpenScenarios) {
+    auto window = OpenShop();
+    const QSignalSpy edited(&Child<QAction>(*window, "ID_TbtEdit"), &QAction::triggered);
+    for (const char* view : {"ID_btnIcon", "ID_btnSmallIcon", "ID_btnList", "ID_btnReport"}) {
+        RunCommand(*window, view);
+        QCoreApplication::processEvents();
+        QAbstractItemView& entries = FrontView(*window, "lvwInsertTSO");
+        ClickEntry(entries, 1);
+        EXPECT_EQ(CurrentTSOName, "Second") << view;
+        EXPECT_EQ(CurrentTSOFolder, ScenarioFolder("Second"));
+        const auto before = edited.size();
+        QTest::mousePress(entries.viewport(), Qt::LeftButton, {}, EntryAt(entries, 0));
+        QTest::mouseDClick(entries.viewport(), Qt::LeftButton, {}, EntryAt(entries, 0));
+        EXPECT_EQ(CurrentTSOName, kFirst) << view;
+        Press(entries, Qt::Key_Return);
+        EXPECT_EQ(edited.size(), before + 2) << view;
+    }
+    QAbstractItemView& entries = FrontView(*window, "lvwInsertTSO");
+    Press(entries, Qt::Key_Down);
+    EXPECT_EQ(CurrentTSOName, "Second");
+    ClickEntry(entries, 1, Qt::ControlModifier);  // would take the selection away
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO"), "Scenario to create data|[Second]");
+    EXPECT_EQ(SessionState, kOpenWithScenario);
+}
+
+TEST_F(FrmMainTest, TabsTakeTheirSelectedScenario) {
+    auto window = OpenShop();
+    ClickEntry(FrontView(*window, "lvwInsertTSO"), 1);
+    ClickTab(*window, 1);
+    EXPECT_EQ(CurrentTSOName, "Scenario to delete data");
+    EXPECT_EQ(CurrentTSOType, 'D');
+    EXPECT_FALSE(Child<QAction>(*window, "ID_TableStats").isEnabled());
+    ClickTab(*window, 0);
+    EXPECT_EQ(CurrentTSOName, "Second");
+
+    ClickTab(*window, 1);
+    recorder.yesNoAnswers = {true};
+    RunCommand(*window, "ID_Delete");
+    EXPECT_EQ(SessionState, kOpenNoScenario);
+    ClickTab(*window, 0);
+    EXPECT_EQ(CurrentTSOName, "Second");
+    EXPECT_EQ(SessionState, kOpenWithScenario);
+    ClickTab(*window, 1);
+    EXPECT_EQ(SessionState, kOpenNoScenario);
+    EXPECT_EQ(CurrentTSOId, 0);
+    EXPECT_FALSE(Child<QAction>(*window, "ID_GenData").isEnabled());
+    EXPECT_TRUE(Child<QAction>(*window, "ID_NewTS").isEnabled());
+
+    CloseDatabaseSchema();
+    ClickTab(*window, 0);
+    ClickTab(*window, 1);
+    EXPECT_EQ(SessionState, kNotOpen);
+}
+
+TEST_F(FrmMainTest, NewCopyAndRenameAskForTheName) {
+    auto window = OpenShop();
+    ClickTab(*window, 1);
+    recorder.promptAnswers = {"Clear"};
+    Press(*window, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_TRUE(
+        recorder.Take().starts_with("prompt: Vellumark: Enter the new Delete Data Scenario name: []"));
+    EXPECT_EQ(Entries(*window, "lvwDeleteTSO"), "Scenario to delete data|[Clear]");
+    EXPECT_EQ(CurrentTSOType, 'D');
+
+    recorder.promptAnswers = {"Copy", "Renamed", std::nullopt, std::nullopt, std::nullopt};
+    RunCommand(*window, "ID_SaveTSAs");
+    EXPECT_EQ(Entries(*window, "lvwDeleteTSO"), "Scenario to delete data|[Clear]|Copy");
+    RunCommand(*window, "ID_TSORename");
+    EXPECT_EQ(Entries(*window, "lvwDeleteTSO"), "Scenario to delete data|[Renamed]|Copy");
+    EXPECT_EQ(recorder.Take(),
+              "prompt: Vellumark - Scenario Save As: Enter the new Delete Data Scenario name: [Clear]|"
+              "prompt: Vellumark - Rename Scenario: Enter the new Delete Data Scenario name: [Clear]");
+
+    for (const char* key : {"ID_NewTS", "ID_SaveTSAs", "ID_TSORename"})
+        RunCommand(*window, key);
+    EXPECT_EQ(Entries(*window, "lvwDeleteTSO"), "Scenario to delete data|[Renamed]|Copy");
+    EXPECT_EQ(CurrentTSOName, "Renamed");
+}
+
+TEST_F(FrmMainTest, DeleteAsksAndNoLeavesEverything) {
+    auto window = OpenShop();
+    recorder.yesNoAnswers = {false, true, true};
+    Press(*window, Qt::Key_Delete);
+    EXPECT_EQ(recorder.Take(),
+              "question: Do you really want to delete the selected Insert Data Scenario: scenario to create "
+              "data?");
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO"), "[Scenario to create data]|Second");
+    EXPECT_EQ(SessionState, kOpenWithScenario);
+
+    Press(*window, Qt::Key_Delete);
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO"), "Second");
+    EXPECT_EQ(SessionState, kOpenNoScenario);
+    EXPECT_EQ(Count("Test Scenario", "[Name] = 'Scenario to create data'"), 0);
+    ClickEntry(FrontView(*window, "lvwInsertTSO"), 0);
+    EXPECT_EQ(CurrentTSOName, "Second");
+
+    recorder.Take();
+    ClickTab(*window, 1);
+    RunCommand(*window, "ID_Delete");
+    EXPECT_EQ(recorder.Take(),
+              "question: Do you really want to delete the selected Delete Data Scenario: scenario to delete "
+              "data?");
+}
+
+TEST_F(FrmMainTest, ChangesByOthersAreShown) {
+    auto window = OpenShop();
+    Elsewhere("delete from [Test Scenario] where [Name] = 'Second'");
+    ClickEntry(FrontView(*window, "lvwInsertTSO"), 1);
+    EXPECT_EQ(recorder.Take(), "exclamation: The Scenario is no longer in the Repository: Second");
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO"), "[Scenario to create data]");
+    EXPECT_EQ(CurrentTSOName, kFirst);
+
+    Elsewhere("delete from [Database]");
+    Press(*window, Qt::Key_F5);
+    EXPECT_EQ(SessionState, kNotOpen);
+    EXPECT_EQ(TextOf(*window, "lblDBNameVal"), "");
+}
+
+TEST_F(FrmMainTest, TargetConnectionAndProgressStandInTheStatusBar) {
+    auto window = OpenShop();
+    RunCommand(*window, "ID_DBSConnect");
+    EXPECT_EQ(TextOf(*window, "lblStatus"), "Target Database: Connected");
+    window->ShowProgress("Reading Database Definition");
+    RefreshCommands();
+    EXPECT_EQ(TextOf(*window, "lblStatus"), "Reading Database Definition");
+    window->ShowProgress("");
+    EXPECT_EQ(TextOf(*window, "lblStatus"), "Target Database: Connected");
+    RunCommand(*window, "ID_DBSDisconnect");
+    EXPECT_EQ(TextOf(*window, "lblStatus"), "Target Database: Disconnected");
+    EXPECT_TRUE(Child<QAction>(*window, "ID_DBSConnect").isEnabled());
+
+    std::filesystem::remove(folder.Path("shop.mdb"));
+    RunCommand(*window, "ID_DBSConnect");
+    EXPECT_NE(recorder.Take(), "");
+    EXPECT_EQ(TextOf(*window, "lblStatus"), "Target Database: Disconnected");
+}
+
+TEST_F(FrmMainTest, ReportShowsTimesAndSorts) {
+    auto window = OpenShop();
+    RunCommand(*window, "ID_btnReport");
+    auto& report = dynamic_cast<QTreeView&>(FrontView(*window, "lvwInsertTSO"));
+    const QAbstractItemModel& model = *report.model();
+    EXPECT_EQ(FromQt(model.headerData(0, Qt::Horizontal).toString()), "Test Scenario");
+    EXPECT_EQ(FromQt(model.headerData(1, Qt::Horizontal).toString()), "Last Modified");
+    EXPECT_EQ(FromQt(model.index(1, 1).data().toString()), ScenarioLastModified("Second"));
+    report.sortByColumn(0, Qt::DescendingOrder);
+    EXPECT_EQ(Entries(*window, "lvwInsertTSO"), "Second|[Scenario to create data]");
+    ClickEntry(report, 0);
+    EXPECT_EQ(CurrentTSOName, "Second");
+}
+
+TEST_F(FrmMainTest, LookIsRememberedAndExitCloses) {
+    {
+        frmMain window;
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        window.resize(1011, 707);
+        Child<QToolBar>(window, "tbrDatabase").hide();
+        RunCommand(window, "ID_btnReport");
+        const QSignalSpy closed(&window, &frmMain::Closed);
+        Press(window, Qt::Key_Q, Qt::ControlModifier);
+        EXPECT_EQ(closed.size(), 1);
+        EXPECT_FALSE(window.isVisible());
+    }
+    frmMain again;
+    again.show();
+    EXPECT_EQ(again.size(), QSize(1011, 707));
+    EXPECT_FALSE(IsShown(again, "tbrDatabase"));
+    EXPECT_TRUE(Child<QAction>(again, "ID_btnReport").isChecked());
+    ReadShop();
+    EXPECT_NE(dynamic_cast<QTreeView*>(&FrontView(again, "lvwInsertTSO")), nullptr);
+}
+
+TEST_F(FrmMainTest, SisterWordsOpenTheirFile) {
+    const struct {
+        std::array<std::string, 2> words;
+        const char* opened;
+    } cases[] = {
+        {{"", ""}, ""},
+        {{"CW", ""}, "ID_CaseWeaver"},
+        {{"/x.ini", "CW"}, "ID_CaseWeaver"},
+        {{"SW", ""}, "ID_SheetWeaver"},
+        {{"CW", "SW"}, "ID_CaseWeaver"},
+        {{"SW", "CW"}, "ID_CaseWeaver"},
+        {{"cw", "xSW"}, ""},
+    };
+    for (const auto& c : cases) {
+        CommandWords = c.words;
+        frmMain window;
+        std::string opened;
+        for (const char* key : {"ID_CaseWeaver", "ID_SheetWeaver"})
+            QObject::connect(&Child<QAction>(window, key), &QAction::triggered, &window,
+                             [&opened, key] { opened += key; });
+        window.show();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(opened, c.opened) << c.words[0] << "," << c.words[1];
+    }
+}
+
+TEST_F(FrmMainTest, HelpAndBoxesOfTextOpen) {
+    const frmMain window;
+    SettingsFilePath = "/etc/Vellumark.INI";
+    WhenShown("frmAbout", [&](QWidget& about) {
+        EXPECT_EQ(TextOf(about, "lblVersion"), "Version " + VersionString);
+        EXPECT_EQ(TextOf(about, "lblSettingsFile"), SettingsFilePath);
+        Press(about, Qt::Key_Return);
+    });
+    RunCommand(window, "ID_HelpAbout...");
+    WhenShown("frmTechSupport", [&](QWidget& support) {
+        Click(support, "cmdCopy");
+        Press(support, Qt::Key_Escape);
+    });
+    RunCommand(window, "ID_TechnicalSupport");
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("Vellumark: " + ToQt(VersionString)));
+    EXPECT_EQ(recorder.Take(), "");
+    SetSessionState(kOpenNoScenario);
+    RunCommand(window, "ID_DBSSaveAs");
+    EXPECT_TRUE(recorder.Take().ends_with("TO DO v4...   "));
+}
+
+TEST_F(FrmMainTest, WebCommandsOpenABrowser) {
+    const frmMain window;
+    QTextBrowser browser;
+    const QSignalSpy visited(&browser, &QTextBrowser::anchorClicked);
+    QDesktopServices::setUrlHandler("https", &browser, "anchorClicked");
+    RunCommand(window, "ID_WebHome");
+    RunCommand(window, "ID_WebVM");
+    QDesktopServices::unsetUrlHandler("https");
+    ASSERT_EQ(visited.size(), 2);
+    EXPECT_EQ(FromQt(visited[0][0].toUrl().toString()), kMakerAddress);
+    EXPECT_EQ(FromQt(visited[1][0].toUrl().toString()), kProductAddress);
+}
+
+TEST_F(FrmMainTest, SplashClosesByKeyClickAndTimer) {
+    for (const std::function<void(QWidget&)>& act : std::vector<std::function<void(QWidget&)>>{
+             [](QWidget& splash) { Press(splash, Qt::Key_A); },
+             [](QWidget& splash) { QTest::mouseClick(&splash, Qt::LeftButton); },
+             [](QWidget& splash) {
+                 EXPECT_TRUE(QTest::qWaitFor([&] { return !splash.isVisible(); }, 10000));
+             }}) {
+        frmSplash splash;
+        const QSignalSpy finished(&splash, &QDialog::finished);
+        splash.ShowAtOnce();
+        EXPECT_TRUE(splash.isVisible());
+        EXPECT_EQ(TextOf(splash, "lblVersion"), "Version " + VersionString);
+        act(splash);
+        EXPECT_FALSE(splash.isVisible());
+        EXPECT_EQ(finished.size(), 1);
+    }
+}
+
+}  // namespace
+
+}  // namespace vellumark::test
