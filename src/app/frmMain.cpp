@@ -7,7 +7,6 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "app/logo.h"
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "platform/screens/icons.h"
@@ -66,7 +65,6 @@ void Guard(const QString& doing, const std::function<void()>& operation) {
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
-    setWindowIcon(LogoIcon());
     ui_->lvwInsertTSO->SetPicture(LineIcon("insert-data"));
     ui_->lvwDeleteTSO->SetPicture(LineIcon("delete-data"));
     statusPanel_.setObjectName("lblStatus");
@@ -88,6 +86,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui
     RestoreLook();
     CommandRefresher = [this] { ShowSession(); };
     ShowSession();
+    List(CurrentScenarioTab).setFocus();
 }
 
 frmMain::~frmMain() {

@@ -20,7 +20,6 @@ constexpr int kLogoSize = 72;
 frmSplash::frmSplash(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmSplash>()) {
     ui_->setupUi(this);
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
-    setWindowIcon(LogoIcon());
     ui_->picLogo->setPixmap(LogoIcon().pixmap(QSize(kLogoSize, kLogoSize), devicePixelRatioF()));
     ui_->lblVersion->setText("Version " + ToQt(VersionString));
 }

@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
+#include "app/logo.h"
 #include "platform/error.h"
 #include "platform/screens/boxDialogs.h"
 #include "platform/screens/desktopApplication.h"
@@ -30,6 +31,7 @@ int RunDesktop(vellumark::BoxDialogs& dialogs) {
 int main(int argc, char** argv) {
     vellumark::DesktopApplication application(argc, argv);
     vellumark::DesktopApplication::setQuitOnLastWindowClosed(false);
+    vellumark::DesktopApplication::setWindowIcon(vellumark::LogoIcon());
     vellumark::BoxDialogs dialogs;
     vellumark::platform::UseDialogs(dialogs);
     try {

@@ -152,11 +152,8 @@ void ScenarioList::ShowPage() {
         page = &hint_;
     else if (view_ == ScenarioView::Report)
         page = &report_;
-    const bool focused = currentWidget() != nullptr && currentWidget()->hasFocus();
     setCurrentWidget(page);
     setFocusProxy(page);
-    if (focused)
-        page->setFocus();
 }
 
 void ScenarioList::SelectName(std::string_view name) {

@@ -5,6 +5,8 @@
 #include "app/frmAbout.h"
 #include "app/frmTechSupport.h"
 #include "platform/dialogs.h"
+#include "scenario/screens/frmCNVMaintenance.h"
+#include "scenario/screens/frmVLEMaintenance.h"
 #include "schema/screens/frmDBSMaintenance.h"
 #include "schema/screens/frmDatabaseTree.h"
 
@@ -110,12 +112,12 @@ void ShowOptions(QWidget* /*main*/) {
     NotYet("The options screen");
 }
 
-void MaintainGenericValues(QWidget* /*main*/) {
-    NotYet("Maintaining Generic values");
+void MaintainGenericValues(QWidget* main) {
+    frmVLEMaintenance(main).exec();
 }
 
-void MaintainConversionCodes(QWidget* /*main*/) {
-    NotYet("Maintaining Conversion Codes");
+void MaintainConversionCodes(QWidget* main) {
+    frmCNVMaintenance(main).exec();
 }
 
 void ShowTechnicalSupport(QWidget* main) {

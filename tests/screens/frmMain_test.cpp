@@ -259,6 +259,7 @@ TEST_F(FrmMainTest, ListsSelectAndOpenScenarios) {
         EXPECT_EQ(CurrentTSOName, kFirst) << view;
         Press(entries, Qt::Key_Return);
         EXPECT_EQ(edited.size(), before + 2) << view;
+        EXPECT_TRUE(entries.hasFocus()) << view;
     }
     QAbstractItemView& entries = FrontView(*window, "lvwInsertTSO");
     Press(entries, Qt::Key_Down);
@@ -363,6 +364,7 @@ TEST_F(FrmMainTest, ChangesByOthersAreShown) {
 
 TEST_F(FrmMainTest, TargetConnectionAndProgressStandInTheStatusBar) {
     auto window = OpenShop();
+    EXPECT_EQ(TextOf(*window, "lblStatus"), "Target Database: Disconnected");
     RunCommand(*window, "ID_DBSConnect");
     EXPECT_EQ(TextOf(*window, "lblStatus"), "Target Database: Connected");
     window->ShowProgress("Reading Database Definition");
@@ -409,11 +411,13 @@ TEST_F(FrmMainTest, LookIsRememberedAndExitCloses) {
     }
     frmMain again;
     again.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&again));
     EXPECT_EQ(again.size(), QSize(1011, 707));
     EXPECT_FALSE(IsShown(again, "tbrDatabase"));
     EXPECT_TRUE(Child<QAction>(again, "ID_btnReport").isChecked());
     ReadShop();
     EXPECT_NE(dynamic_cast<QTreeView*>(&FrontView(again, "lvwInsertTSO")), nullptr);
+    EXPECT_TRUE(FrontView(again, "lvwInsertTSO").hasFocus());
 }
 
 TEST_F(FrmMainTest, SisterWordsOpenTheirFile) {
