@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <set>
 
-#include "app/frmSplash.h"
 #include "platform/screens/qtText.h"
 #include "repository/addresses.h"
 #include "repository/modSequentialFileServices.h"
@@ -478,24 +477,6 @@ TEST_F(FrmMainTest, WebCommandsOpenABrowser) {
     ASSERT_EQ(visited.size(), 2);
     EXPECT_EQ(FromQt(visited[0][0].toUrl().toString()), kMakerAddress);
     EXPECT_EQ(FromQt(visited[1][0].toUrl().toString()), kProductAddress);
-}
-
-TEST_F(FrmMainTest, SplashClosesByKeyClickAndTimer) {
-    for (const std::function<void(QWidget&)>& act : std::vector<std::function<void(QWidget&)>>{
-             [](QWidget& splash) { Press(splash, Qt::Key_A); },
-             [](QWidget& splash) { QTest::mouseClick(&splash, Qt::LeftButton); },
-             [](QWidget& splash) {
-                 EXPECT_TRUE(QTest::qWaitFor([&] { return !splash.isVisible(); }, 10000));
-             }}) {
-        frmSplash splash;
-        const QSignalSpy finished(&splash, &QDialog::finished);
-        splash.ShowAtOnce();
-        EXPECT_TRUE(splash.isVisible());
-        EXPECT_EQ(TextOf(splash, "lblVersion"), "Version " + VersionString);
-        act(splash);
-        EXPECT_FALSE(splash.isVisible());
-        EXPECT_EQ(finished.size(), 1);
-    }
 }
 
 }  // namespace

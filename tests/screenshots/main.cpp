@@ -35,6 +35,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootPatternScreens,  vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenerateData,
     vellumark::test::ShootPatternScreens,
+    vellumark::test::ShootGenericValues,   vellumark::test::ShootPatternScreens,
     vellumark::test::ShootMainScreens,
 };
 
