@@ -2,8 +2,12 @@
 
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTextBrowser>
+#include <QToolBar>
 #include <filesystem>
 #include <set>
 

@@ -1,5 +1,7 @@
 #include "platform/screens/frmQuestion.h"
 
+#include <QStyle>
+
 #include "platform/screens/qtText.h"
 #include "ui_frmQuestion.h"
 
