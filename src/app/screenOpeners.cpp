@@ -6,6 +6,7 @@
 #include "app/frmTechSupport.h"
 #include "platform/dialogs.h"
 #include "scenario/screens/frmCNVMaintenance.h"
+#include "scenario/screens/frmParentChildDiagram.h"
 #include "scenario/screens/frmVLEMaintenance.h"
 #include "schema/screens/frmDBSMaintenance.h"
 #include "schema/screens/frmDatabaseTree.h"
@@ -84,8 +85,10 @@ void EditScenario(QWidget* /*main*/) {
     NotYet("The Scenario editor");
 }
 
-void SetForeignKeys(QWidget* /*main*/) {
-    NotYet("The foreign key diagram");
+void SetForeignKeys(QWidget* main) {
+    frmParentChildDiagram diagram(main);
+    diagram.OnGenerate([main] { GenerateData(main); });
+    diagram.exec();
 }
 
 void SelectTables(QWidget* /*main*/) {

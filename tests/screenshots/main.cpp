@@ -37,6 +37,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootPatternScreens,
     vellumark::test::ShootGenericValues,   vellumark::test::ShootPatternScreens,
     vellumark::test::ShootMainScreens,
+    vellumark::test::ShootPatternScreens,  vellumark::test::ShootMainScreens,
 };
 
 }  // namespace
