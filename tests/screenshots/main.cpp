@@ -21,24 +21,24 @@ QPalette DarkPalette() {
     dark.setColor(QPalette::Highlight, QColor(0x3a, 0x6e, 0xa5));
     dark.setColor(QPalette::HighlightedText, Qt::white);
     dark.setColor(QPalette::Link, QColor(0x6c, 0xa8, 0xe8));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        dark.setColor(QPalette::Disabled, role, QColor(0x7a, 0x7d, 0x82));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x86));
     return dark;
 }
 
-// Each call starts from the same open schema and Scenario.
+// Each call starts from the same open schema and Scenario. One to a line.
+// clang-format off
 constexpr std::array kFiles = {
-    vellumark::test::ShootPlatformScreens, vellumark::test::ShootSchemaEditor,
-    vellumark::test::ShootGenericValues,   vellumark::test::ShootForeignKeys,
-    vellumark::test::ShootPatternScreens,  vellumark::test::ShootColumnDetails,
-    vellumark::test::ShootGenerateData,
-    vellumark::test::ShootPatternScreens,
-    vellumark::test::ShootGenericValues,   vellumark::test::ShootPatternScreens,
     vellumark::test::ShootMainScreens,
-    vellumark::test::ShootPatternScreens,  vellumark::test::ShootMainScreens,
+    vellumark::test::ShootPlatformScreens,
+    vellumark::test::ShootPatternScreens,
+    vellumark::test::ShootSchemaEditor,
+    vellumark::test::ShootGenericValues,
+    vellumark::test::ShootForeignKeys,
+    vellumark::test::ShootColumnDetails,
+    vellumark::test::ShootGenerateData,
 };
+// clang-format on
 
 }  // namespace
 
