@@ -1,14 +1,17 @@
-# add_screens(NAME): the screens of one folder, part of the library vellumark_screens. Each folder is a target of its
-# own because uic's output goes stale for forms that lie in another folder than their CMakeLists.
+# add_screens(NAME): the screens of one folder, part of the library vellumark_screens. Forms go through uic by plain
+# rules: CMake's AUTOUIC misses forms that come into a folder already built.
 function(add_screens name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  file(GLOB forms CONFIGURE_DEPENDS *.ui)
+  qt6_wrap_ui(form_headers ${forms})
+  set_source_files_properties(${form_headers} PROPERTIES SKIP_AUTOGEN ON)
   set(target vellumark_screens_${name})
-  add_library(${target} OBJECT ${sources})
-  set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOUIC ON)
+  add_library(${target} OBJECT ${sources} ${form_headers})
+  set_target_properties(${target} PROPERTIES AUTOMOC ON)
   target_link_libraries(${target} PUBLIC vellumark_core Qt6::Widgets Qt6::Svg Qt6::PrintSupport)
-  # What uic and moc write isn't held to the warnings of this project.
-  target_include_directories(${target} SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/include)
+  # What uic writes isn't held to the warnings of this project.
+  target_include_directories(${target} SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
   if(VELLUMARK_PRECOMPILE)
     target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src/platform/screens/precompiled.h)
     target_compile_options(${target} PRIVATE -fpch-preprocess)

@@ -5,6 +5,7 @@
 #include "engine/connectionSlots.h"
 #include "repository/modVellumark.h"
 #include "spreadsheet_files.h"
+#include "test_files.h"
 #include "value_source.h"
 
 namespace vellumark::test {
@@ -175,7 +176,7 @@ TEST_F(ValueInputsTest, ChoosesTheSheetByItsName) {
     EXPECT_EQ(Sheet(path, {{"Sheet", "SECOND"}}, 1), " two");
     EXPECT_EQ(Sheet(path, {{"Sheet", "Third"}}, 1), " one");
     EXPECT_EQ(Sheet(path, {}, 1), " one");
-    const std::string xls = std::string(VELLUMARK_TEST_DATA) + "/people.xls";
+    const std::string xls = TestData("people.xls");
     EXPECT_EQ(Sheet(xls, {{"Start from Column", 1}, {"End at Column", 2}}, 6),
               " Ann Jörg Zoë 42 1.5 1234567.25");
     const std::string ods =

@@ -8,6 +8,7 @@
 #include "platform/spreadsheet/workbook.h"
 #include "spreadsheet_files.h"
 #include "temp_folder.h"
+#include "test_files.h"
 
 namespace vellumark::test {
 
@@ -221,7 +222,7 @@ TEST_F(SpreadsheetTest, CountsRepeatedAndCoveredCellsOfOds) {
 
 // The file was made by another program.
 TEST_F(SpreadsheetTest, ReadsXls) {
-    const std::string path = std::string(VELLUMARK_TEST_DATA) + "/people.xls";
+    const std::string path = TestData("people.xls");
     EXPECT_EQ(platform::OpenWorkbook(path)->SheetNames(), (std::vector<std::string>{"People", "Other"}));
     EXPECT_EQ(Cells(path, 0, {1, 1, kAll, 3}),
               "1.1 Ann|1.2 42|1.3 2024-02-29|2.1 Jörg|2.2 1.5|2.3 2024-02-29 13:05:59|3.1 Zoë|3.2 "
@@ -264,7 +265,7 @@ TEST_F(SpreadsheetTest, RefusesDamagedFiles) {
     rotten.replace(sheet, 20, 20, '\xFF');
     EXPECT_TRUE(ErrorOf(folder.Write("rotten.xlsx", rotten))
                     .starts_with("3343 The file is damaged: 'xl/worksheets/"));
-    const std::string xls = ReadFile(std::string(VELLUMARK_TEST_DATA) + "/people.xls");
+    const std::string xls = ReadFile(TestData("people.xls"));
     EXPECT_EQ(ErrorOf(folder.Write("half.xls", xls.substr(0, 2000))), kCutShort);
 
     struct Case {

@@ -11,6 +11,7 @@
 #include "repository/modVellumark.h"
 #include "scenario/modSchemaLifecycle.h"
 #include "schema/modConnectionString.h"
+#include "test_files.h"
 
 namespace vellumark::test {
 
@@ -92,7 +93,7 @@ void ScreenTest::LookForScreen() {
 void ScreenTest::ReadShop() {
     ConnectionDetails details;
     details.schemaName = "Shop";
-    details.mdbFile = MakeEmbedded(folder.Path("shop.mdb"), ReadFile(VELLUMARK_SAMPLES "/shop.sql"));
+    details.mdbFile = MakeEmbedded(folder.Path("shop.mdb"), ReadFile(Sample("shop.sql")));
     fConnectionString(details);
     ASSERT_TRUE(fNewSchema(details)) << recorder.Take();
 }
