@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
@@ -169,6 +170,22 @@ std::vector<std::string> FilesIn(const std::string& folder, std::string_view pat
     }
     CheckFolder(error, folder);
     return files;
+}
+
+std::vector<std::string> FoldersIn(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code ignored;
+        if (entry->is_directory(ignored))
+            names.push_back(entry->path().filename().string());
+    }
+    CheckFolder(error, folder);
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        return a.starts_with('.') != b.starts_with('.') ? b.starts_with('.') : LessIgnoringCase(a, b);
+    });
+    return names;
 }
 
 }  // namespace vellumark::platform

@@ -34,4 +34,7 @@ void SetCurrentFolder(const std::string& path);
 // count, and "*.*" stands for every name.
 std::vector<std::string> FilesIn(const std::string& folder, std::string_view pattern);
 
+// Names of the folders in a folder by the alphabet, those that begin with a point behind the others.
+std::vector<std::string> FoldersIn(const std::string& folder);
+
 }  // namespace vellumark::platform

@@ -52,5 +52,13 @@ TEST(Files, FailWithTheNumbersOfTheRunTime) {
     EXPECT_EQ(test::ReadFile(file), "x");
 }
 
+TEST(Files, FoldersComeByTheAlphabet) {
+    const test::TempFolder folder;
+    for (const char* file : {"beta/x", "Alpha/x", ".hidden/x", "gamma/x", "file"})
+        folder.Write(file, "");
+    EXPECT_EQ(FoldersIn(folder.Path()), (std::vector<std::string>{"Alpha", "beta", "gamma", ".hidden"}));
+    EXPECT_THROW(FoldersIn(folder.Path("missing")), Error);
+}
+
 }  // namespace
 }  // namespace vellumark::platform

@@ -30,7 +30,7 @@ void ShootPlatformScreens(const Album& album);
 void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);
 void ShootForeignKeys(const Album& album);
-void ShootPatternScreens(const Album& album);
+void ShootRepositoryScreens(const Album& album);
 void ShootColumnDetails(const Album& album);
 void ShootGenerateData(const Album& album);
 

@@ -31,7 +31,7 @@ QPalette DarkPalette() {
 constexpr std::array kFiles = {
     vellumark::test::ShootMainScreens,
     vellumark::test::ShootPlatformScreens,
-    vellumark::test::ShootPatternScreens,
+    vellumark::test::ShootRepositoryScreens,
     vellumark::test::ShootSchemaEditor,
     vellumark::test::ShootGenericValues,
     vellumark::test::ShootForeignKeys,

@@ -1,11 +1,12 @@
 #include "album.h"
 #include "repository/modEditPatternScreens.h"
 #include "repository/screens/frmEPSelection.h"
+#include "repository/screens/frmFileControls.h"
 #include "repository/screens/frmUpdateEditPatterns.h"
 
 namespace vellumark::test {
 
-void ShootPatternScreens(const Album& album) {
+void ShootRepositoryScreens(const Album& album) {
     EditPatternCaller = "cmdITFDate";
     EditPatternText = "D001C001M001C001Y001";
     frmUpdateEditPatterns pattern(nullptr);
@@ -13,6 +14,8 @@ void ShootPatternScreens(const Album& album) {
     EditPatternChoice = "cmdSeparator";
     frmEPSelection selection(nullptr);
     album.Take("frmEPSelection", selection);
+    frmFileControls folder("Select default folder for Generated SQL Files", VELLUMARK_SAMPLES, nullptr);
+    album.Take("frmFileControls", folder);
 }
 
 }  // namespace vellumark::test
