@@ -41,7 +41,9 @@ QSize HouseStyle::sizeFromContents(ContentsType type, const QStyleOption* option
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
     const auto* panel = qstyleoption_cast<const QStyleOptionFrame*>(option);
-    if (element != PE_PanelLineEdit || panel == nullptr || !panel->state.testFlag(State_ReadOnly)) {
+    const bool writable =
+        panel != nullptr && panel->state.testFlag(State_Enabled) && !panel->state.testFlag(State_ReadOnly);
+    if (element != PE_PanelLineEdit || panel == nullptr || writable) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;
     }

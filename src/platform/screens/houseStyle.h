@@ -5,7 +5,7 @@
 namespace vellumark {
 
 // The desktop's own style with the margins and spacing of this program's screens, which forms leave unset.
-// Fields that can only be read lie on the ground of their screen.
+// Fields that can't be written in lie on the ground of their screen.
 class HouseStyle : public QProxyStyle {
  public:
     using QProxyStyle::QProxyStyle;
