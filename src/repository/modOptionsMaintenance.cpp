@@ -1,5 +1,6 @@
 #include "repository/modOptionsMaintenance.h"
 
+#include "platform/calendar.h"
 #include "platform/dao/declared_type.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -153,6 +154,14 @@ void ReadTexts(const dao::Recordset& row, const Options& columns, OptionsRecord&
             row.IsNull(option.column) ? std::string(option.whenNull) : row.Text(option.column);
 }
 
+// Rows of other programs may hold "01/01/2000 01:01:01 AM".
+void BringToStoredForm(OptionsRecord& options) {
+    if (const auto moment = platform::ParseMoment(options.startTimestamp)) {
+        options.startTimestamp.clear();
+        platform::AppendMoment(options.startTimestamp, *moment);
+    }
+}
+
 void ReadQuotes(const dao::Recordset& row, OptionsRecord& options) {
     for (std::size_t i = 0; i < options.quotes.size(); ++i) {
         const QuoteColumns names = QuoteColumnsOf(kTypeLetters[i]);
@@ -277,6 +286,7 @@ OptionsRecord ReadOptions() {
     ReadTexts(row, kFolderOptions, options);
     for (const FlagOption& option : kFlagOptions)
         options.*option.flag = row.Boolean(option.column);
+    BringToStoredForm(options);
     ReadQuotes(row, options);
     for (std::size_t i = 0; i < kPatternKinds.size(); ++i) {
         options.inputPatterns[i] = row.Text(PatternColumn("Input", i));

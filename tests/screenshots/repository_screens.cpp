@@ -1,7 +1,10 @@
+#include <QTabWidget>
+
 #include "album.h"
 #include "repository/modEditPatternScreens.h"
 #include "repository/screens/frmEPSelection.h"
 #include "repository/screens/frmFileControls.h"
+#include "repository/screens/frmOptions.h"
 #include "repository/screens/frmUpdateEditPatterns.h"
 
 namespace vellumark::test {
@@ -16,6 +19,12 @@ void ShootRepositoryScreens(const Album& album) {
     album.Take("frmEPSelection", selection);
     frmFileControls folder("Select default folder for Generated SQL Files", VELLUMARK_SAMPLES, nullptr);
     album.Take("frmFileControls", folder);
+    frmOptions options(nullptr);
+    auto& pages = *options.findChild<QTabWidget*>("vstOptions");
+    for (int page = 0; page < pages.count(); ++page) {
+        pages.setCurrentIndex(page);
+        album.Take("frmOptions-" + std::to_string(page + 1), options);
+    }
 }
 
 }  // namespace vellumark::test
