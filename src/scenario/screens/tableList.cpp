@@ -1,0 +1,172 @@
+#include "scenario/screens/tableList.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDrag>
+#include <QDragMoveEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <algorithm>
+#include <memory>
+
+#include "platform/screens/qtText.h"
+
+namespace vellumark {
+
+namespace {
+
+constexpr const char* kMimeType = "application/x-vellumark-tables";
+constexpr int kMarkWidth = 2;
+
+class TableItem : public QListWidgetItem {
+ public:
+    explicit TableItem(ScenarioTable ofTable) : table(std::move(ofTable)) {}
+
+    bool operator<(const QListWidgetItem& other) const override {
+        return text().compare(other.text(), Qt::CaseInsensitive) < 0;
+    }
+
+    const ScenarioTable table;
+};
+
+const ScenarioTable& TableAt(const QListWidget& list, int row) {
+    return dynamic_cast<const TableItem&>(*list.item(row)).table;
+}
+
+// Another program's drag must not pass for one of this.
+QByteArray ProcessWord() {
+    return QByteArray::number(QCoreApplication::applicationPid());
+}
+
+}  // namespace
+
+TableList::TableList(QWidget* parent) : QListWidget(parent) {
+    setSelectionMode(ExtendedSelection);
+    setUniformItemSizes(true);
+    setDragDropMode(DragDrop);
+    connect(this, &QListWidget::itemDoubleClicked, this, &TableList::MoveWanted);
+}
+
+void TableList::Add(const std::vector<ScenarioTable>& tables) {
+    clearSelection();
+    for (const ScenarioTable& table : tables) {
+        addItem(std::make_unique<TableItem>(table).release());
+        QListWidgetItem* added = item(count() - 1);
+        added->setText(ToQt(ScenarioTableText(table, entityFirst_)));
+        added->setSelected(true);
+        scrollToItem(added);
+    }
+    Filter(part_);
+}
+
+std::vector<ScenarioTable> TableList::Take(const std::vector<int>& ids) {
+    std::vector<ScenarioTable> taken;
+    for (int row = 0; row < count();) {
+        const ScenarioTable& table = TableAt(*this, row);
+        if (std::find(ids.begin(), ids.end(), table.id) == ids.end()) {
+            ++row;
+            continue;
+        }
+        taken.push_back(table);
+        std::unique_ptr<QListWidgetItem>(takeItem(row)).reset();
+    }
+    return taken;
+}
+
+std::vector<int> TableList::SelectedIds() const {
+    std::vector<int> ids;
+    for (int row = 0; row < count(); ++row)
+        if (item(row)->isSelected() && !item(row)->isHidden())
+            ids.push_back(TableAt(*this, row).id);
+    return ids;
+}
+
+void TableList::ShowEntityFirst(bool entityFirst) {
+    entityFirst_ = entityFirst;
+    for (int row = 0; row < count(); ++row)
+        item(row)->setText(ToQt(ScenarioTableText(TableAt(*this, row), entityFirst)));
+    Filter(part_);
+}
+
+void TableList::Filter(const QString& part) {
+    part_ = part.trimmed();
+    for (int row = 0; row < count(); ++row)
+        item(row)->setHidden(!item(row)->text().contains(part_, Qt::CaseInsensitive));
+}
+
+void TableList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        emit MoveWanted();
+    else
+        QListWidget::keyPressEvent(event);
+}
+
+void TableList::startDrag(Qt::DropActions /*actions*/) {
+    const std::vector<int> ids = SelectedIds();
+    if (ids.empty())
+        return;
+    QByteArrayList words = {ProcessWord(), word_};
+    for (const int id : ids)
+        words.append(QByteArray::number(id));
+    auto carried = std::make_unique<QMimeData>();
+    carried->setData(kMimeType, words.join(' '));
+    QDrag* drag = std::make_unique<QDrag>(this).release();
+    drag->setMimeData(carried.release());
+    const QRect node = visualItemRect(currentItem()) & viewport()->rect();
+    drag->setPixmap(viewport()->grab(node));
+    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - node.topLeft());
+    drag->exec(Qt::MoveAction);
+}
+
+std::vector<int> TableList::IdsIn(const QMimeData& carried) const {
+    const QByteArrayList words = carried.data(kMimeType).split(' ');
+    std::vector<int> ids;
+    if (words.size() > 2 && words[0] == ProcessWord() && words[1] != word_)
+        std::transform(words.begin() + 2, words.end(), std::back_inserter(ids),
+                       [](const QByteArray& word) { return word.toInt(); });
+    return ids;
+}
+
+void TableList::AcceptFromOther(QDragMoveEvent& event) {
+    const bool fromOther = !IdsIn(*event.mimeData()).empty();
+    event.setDropAction(Qt::MoveAction);
+    event.setAccepted(fromOther);
+    MarkTarget(fromOther);
+}
+
+void TableList::MarkTarget(bool target) {
+    target_ = target;
+    viewport()->update();
+}
+
+void TableList::dragEnterEvent(QDragEnterEvent* event) {
+    AcceptFromOther(*event);
+}
+
+void TableList::dragMoveEvent(QDragMoveEvent* event) {
+    AcceptFromOther(*event);
+}
+
+void TableList::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    MarkTarget(false);
+}
+
+void TableList::dropEvent(QDropEvent* event) {
+    MarkTarget(false);
+    const std::vector<int> ids = IdsIn(*event->mimeData());
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(!ids.empty());
+    if (!ids.empty())
+        emit Dropped(ids);
+}
+
+void TableList::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (!target_)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Highlight), kMarkWidth));
+    painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+}
+
+}  // namespace vellumark
