@@ -33,5 +33,6 @@ void ShootForeignKeys(const Album& album);
 void ShootRepositoryScreens(const Album& album);
 void ShootColumnDetails(const Album& album);
 void ShootGenerateData(const Album& album);
+void ShootTableScreens(const Album& album);
 
 }  // namespace vellumark::test

@@ -37,6 +37,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootForeignKeys,
     vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenerateData,
+    vellumark::test::ShootTableScreens,
 };
 // clang-format on
 
