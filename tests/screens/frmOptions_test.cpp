@@ -121,6 +121,20 @@ TEST_F(FrmOptionsTest, FieldsShowAndStoreTheirOptions) {
     EXPECT_EQ(Option("[Code DataBase Owner]"), "O");
 }
 
+TEST_F(FrmOptionsTest, TimestampsKeepAnHourThatSummerTimeSkips) {
+    const QByteArray zone = qgetenv("TZ");
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+    {
+        const RepositoryScope repository;
+        RepositoryDatabase.Execute("update [Options] set [Default Start Timestamp] = '2001-03-25 02:30:00'");
+    }
+    auto form = Open();
+    EXPECT_EQ(TextOf(*form, "dtpDefTStamp"), "2001-03-25 02:30:00");
+    Click(*form, "cmdClose");
+    EXPECT_EQ(Option("[Default Start Timestamp]"), "2001-03-25 02:30:00");
+    zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
+}
+
 TEST_F(FrmOptionsTest, ABrokenRuleKeepsThePage) {
     auto form = Open();
     auto& pages = Child<QTabWidget>(*form, "vstOptions");

@@ -107,9 +107,9 @@ void OptionsFields::ShowChoices(const OptionsRecord& options) {
 void OptionsFields::ShowPickers(const OptionsRecord& options) {
     form_.dtpDefDate->setDate(QDate::fromString(ToQt(options.startDate), kStoredDate));
     form_.dtpDefTime->setTime(QTime::fromString(ToQt(options.startTime), kStoredTime));
-    QDateTime timestamp = QDateTime::fromString(ToQt(options.startTimestamp), kStoredTimestamp);
-    timestamp.setTimeSpec(Qt::UTC);
-    form_.dtpDefTStamp->setDateTime(timestamp);
+    const QString timestamp = ToQt(options.startTimestamp);
+    form_.dtpDefTStamp->setDateTime({QDate::fromString(timestamp.left(10), kStoredDate),
+                                     QTime::fromString(timestamp.mid(11), kStoredTime), Qt::UTC});
 }
 
 OptionsRecord OptionsFields::Take() const {
