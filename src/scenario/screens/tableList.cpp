@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <memory>
+#include <set>
 
 #include "platform/screens/qtText.h"
 
@@ -48,22 +49,32 @@ TableList::TableList(QWidget* parent) : QListWidget(parent) {
 }
 
 void TableList::Add(const std::vector<ScenarioTable>& tables) {
-    clearSelection();
-    for (const ScenarioTable& table : tables) {
-        addItem(std::make_unique<TableItem>(table).release());
-        QListWidgetItem* added = item(count() - 1);
-        added->setText(ToQt(ScenarioTableText(table, entityFirst_)));
-        added->setSelected(true);
-        scrollToItem(added);
+    if (tables.empty())
+        return;
+    {
+        const QSignalBlocker quiet(this);
+        clearSelection();
+        for (const ScenarioTable& table : tables) {
+            auto added = std::make_unique<TableItem>(table);
+            added->setText(ToQt(ScenarioTableText(table, entityFirst_)));
+            addItem(added.release());
+        }
+        const QItemSelection range(model()->index(count() - static_cast<int>(tables.size()), 0),
+                                   model()->index(count() - 1, 0));
+        selectionModel()->select(range, QItemSelectionModel::Select);
+        Filter(part_);
     }
-    Filter(part_);
+    scrollToBottom();
+    emit itemSelectionChanged();
 }
 
 std::vector<ScenarioTable> TableList::Take(const std::vector<int>& ids) {
+    const QSignalBlocker quiet(this);
+    const std::set<int> wanted(ids.begin(), ids.end());
     std::vector<ScenarioTable> taken;
     for (int row = 0; row < count();) {
         const ScenarioTable& table = TableAt(*this, row);
-        if (std::find(ids.begin(), ids.end(), table.id) == ids.end()) {
+        if (!wanted.contains(table.id)) {
             ++row;
             continue;
         }
