@@ -4,9 +4,12 @@
 
 #include "app/frmAbout.h"
 #include "app/frmTechSupport.h"
+#include "engine/screens/frmTableStatistics.h"
 #include "platform/dialogs.h"
+#include "repository/screens/frmOptions.h"
 #include "scenario/screens/frmCNVMaintenance.h"
 #include "scenario/screens/frmParentChildDiagram.h"
+#include "scenario/screens/frmTSOSelectTables.h"
 #include "scenario/screens/frmVLEMaintenance.h"
 #include "schema/screens/frmDBSMaintenance.h"
 #include "schema/screens/frmDatabaseTree.h"
@@ -57,8 +60,8 @@ void ReportTables(QWidget* /*main*/) {
     NotYet("The List Tables report");
 }
 
-void ShowTableStatistics(QWidget* /*main*/) {
-    NotYet("The table statistics screen");
+void ShowTableStatistics(QWidget* main) {
+    frmTableStatistics(main).exec();
 }
 
 void ControlVersions(QWidget* /*main*/) {
@@ -91,8 +94,8 @@ void SetForeignKeys(QWidget* main) {
     diagram.exec();
 }
 
-void SelectTables(QWidget* /*main*/) {
-    NotYet("Selecting tables");
+void SelectTables(QWidget* main) {
+    frmTSOSelectTables(main).exec();
 }
 
 void GenerateData(QWidget* /*main*/) {
@@ -111,8 +114,8 @@ void LoadJetTable(QWidget* /*main*/) {
     NotYet("Loading a Jet table");
 }
 
-void ShowOptions(QWidget* /*main*/) {
-    NotYet("The options screen");
+void ShowOptions(QWidget* main) {
+    frmOptions(main).exec();
 }
 
 void MaintainGenericValues(QWidget* main) {
