@@ -6,6 +6,7 @@
 #include "repository/screens/frmFileControls.h"
 #include "repository/screens/frmOptions.h"
 #include "repository/screens/frmUpdateEditPatterns.h"
+#include "test_files.h"
 
 namespace vellumark::test {
 
@@ -17,7 +18,7 @@ void ShootRepositoryScreens(const Album& album) {
     EditPatternChoice = "cmdSeparator";
     frmEPSelection selection(nullptr);
     album.Take("frmEPSelection", selection);
-    frmFileControls folder("Select default folder for Generated SQL Files", VELLUMARK_SAMPLES, nullptr);
+    frmFileControls folder("Select default folder for Generated SQL Files", Sample(""), nullptr);
     album.Take("frmFileControls", folder);
     frmOptions options(nullptr);
     auto& pages = *options.findChild<QTabWidget*>("vstOptions");
