@@ -1,14 +1,19 @@
-# add_screens(NAME): the screens of one folder, part of the library vellumark_screens. Forms go through uic by plain
-# rules: CMake's AUTOUIC misses forms that come into a folder already built.
+# add_screens(NAME): the screens of one folder, part of the library vellumark_screens. Forms and headers go through uic
+# and moc by plain rules: with Ninja, CMake's own AUTOUIC and AUTOMOC miss files that come into a folder already built.
 function(add_screens name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   file(GLOB forms CONFIGURE_DEPENDS *.ui)
   qt6_wrap_ui(form_headers ${forms})
-  set_source_files_properties(${form_headers} PROPERTIES SKIP_AUTOGEN ON)
+  file(GLOB headers CONFIGURE_DEPENDS *.h)
+  foreach(header IN LISTS headers)
+    file(STRINGS ${header} object_classes REGEX "^ *Q_OBJECT")
+    if(object_classes)
+      qt6_wrap_cpp(meta_objects ${header})
+    endif()
+  endforeach()
   set(target vellumark_screens_${name})
-  add_library(${target} OBJECT ${sources} ${form_headers})
-  set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  add_library(${target} OBJECT ${sources} ${form_headers} ${meta_objects})
   target_link_libraries(${target} PUBLIC vellumark_core Qt6::Widgets Qt6::Svg Qt6::PrintSupport)
   # What uic writes isn't held to the warnings of this project.
   target_include_directories(${target} SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
