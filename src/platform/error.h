@@ -16,6 +16,7 @@ enum ErrorNumber : int {
     kFileNotFound = 53,
     kDeviceIOError = 57,
     kDiskFull = 61,
+    kInputPastEnd = 62,
     kPermissionDenied = 70,
     kPathAccessError = 75,
     kPathNotFound = 76,

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -76,10 +77,55 @@ void CutStandardStreams() {
     _exit(ignored > 0 ? 1 : 2);
 }
 
-void WaitFor(pid_t child) {
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+// The status of its end.
+int WaitFor(pid_t child) {
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
+    return status;
 }
+
+// The words of a command with the program's path as the first, as exec takes them.
+class Arguments {
+ public:
+    explicit Arguments(const std::vector<std::string>& command) : words_(command) {
+        const std::string name = command.empty() ? std::string() : command[0];
+        const std::string program = FindProgram(name);
+        if (program.empty())
+            throw Error(kFileNotFound, "Program not found: '" + name + "'");
+        words_[0] = program;
+        for (std::string& word : words_)
+            pointers_.push_back(word.data());
+        pointers_.push_back(nullptr);
+    }
+    Arguments(const Arguments&) = delete;
+    Arguments& operator=(const Arguments&) = delete;
+
+    const std::string& Program() const { return words_[0]; }
+    char* const* Get() const { return pointers_.data(); }
+    [[noreturn]] void ThrowNotStarted(int reason) const {
+        throw Error(kPathAccessError, "'" + Program() + "': " + std::generic_category().message(reason));
+    }
+
+ private:
+    std::vector<std::string> words_;
+    std::vector<char*> pointers_;
+};
+
+// What a new process does to its streams before the program starts.
+class StreamActions {
+ public:
+    StreamActions() { posix_spawn_file_actions_init(&actions_); }
+    ~StreamActions() { posix_spawn_file_actions_destroy(&actions_); }
+    StreamActions(const StreamActions&) = delete;
+    StreamActions& operator=(const StreamActions&) = delete;
+
+    void Cut(int stream) { posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0); }
+    const posix_spawn_file_actions_t* Get() const { return &actions_; }
+
+ private:
+    posix_spawn_file_actions_t actions_ = {};
+};
 
 }  // namespace
 
@@ -118,28 +164,33 @@ std::string FindProgram(std::string_view name) {
 }
 
 void StartDetached(const std::vector<std::string>& command) {
-    const std::string name = command.empty() ? std::string() : command[0];
-    std::vector<std::string> words = command;
-    const std::string program = FindProgram(name);
-    if (program.empty())
-        throw Error(kFileNotFound, "Program not found: '" + name + "'");
-    words[0] = program;
-    std::vector<char*> arguments;
-    for (std::string& word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-
+    const Arguments arguments(command);
     Pipe report;
     const pid_t child = fork();
     if (child < 0)
         throw Error(kPathAccessError, std::generic_category().message(errno));
     if (child == 0)
-        BecomeProgram(arguments.data(), report.WriteEnd());
+        BecomeProgram(arguments.Get(), report.WriteEnd());
     report.CloseWriteEnd();
     const int reason = report.Read();
     WaitFor(child);
     if (reason != 0)
-        throw Error(kPathAccessError, "'" + program + "': " + std::generic_category().message(reason));
+        arguments.ThrowNotStarted(reason);
+}
+
+int RunToEnd(const std::vector<std::string>& command) {
+    const Arguments arguments(command);
+    StreamActions actions;
+    actions.Cut(STDIN_FILENO);
+    actions.Cut(STDOUT_FILENO);
+    pid_t child = 0;
+    const int reason =
+        posix_spawn(&child, arguments.Program().c_str(), actions.Get(), nullptr, arguments.Get(), environ);
+    if (reason != 0)
+        arguments.ThrowNotStarted(reason);
+    const int status = WaitFor(child);
+    constexpr int kEndedBySignal = 128;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : kEndedBySignal + WTERMSIG(status);
 }
 
 }  // namespace vellumark::platform

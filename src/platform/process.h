@@ -18,4 +18,8 @@ std::string FindProgram(std::string_view name);
 // when it does not start.
 void StartDetached(const std::vector<std::string>& command);
 
+// Runs a program to its end, without input and with its standard output thrown away, and returns its exit
+// status, or 128 and the signal that ended it. Looks for it and throws as StartDetached does.
+int RunToEnd(const std::vector<std::string>& command);
+
 }  // namespace vellumark::platform

@@ -58,21 +58,39 @@ TEST(Process, StartsAProgramWithItsArgumentsAsTheyStand) {
     close(pipe);
 }
 
+TEST(Process, WaitsForTheEndAndTellsHowItWas) {
+    const test::TempFolder folder;
+    const std::string out = folder.Path("out.txt");
+    EXPECT_EQ(RunToEnd({"sh", "-c", "sleep 0.05; printf '%s|' \"$@\" > \"$0\"", out, "two words", "a\"b"}),
+              0);
+    EXPECT_EQ(test::ReadFile(out), "two words|a\"b|");
+    EXPECT_EQ(RunToEnd({"sh", "-c", "exit 3"}), 3);
+    EXPECT_EQ(RunToEnd({"sh", "-c", "kill -9 $$"}), 128 + 9);
+    EXPECT_EQ(RunToEnd({"sh", "-c", "read line"}), 1) << "it has no input";
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(RunToEnd({"sh", "-c", "echo noise"}), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
 TEST(Process, TellsWhyAProgramDoesNotStart) {
     const test::TempFolder folder;
     const std::string broken = folder.Write("broken", "#!/no/such/interpreter\n");
     chmod(broken.c_str(), 0755);
-    const auto numberOf = [](const std::vector<std::string>& command) {
-        try {
-            StartDetached(command);
-        } catch (const Error& error) {
-            return error.Number();
+    const auto numbersOf = [](const std::vector<std::string>& command) {
+        std::vector<int> numbers;
+        for (const auto start : {+[](const std::vector<std::string>& words) { StartDetached(words); },
+                                 +[](const std::vector<std::string>& words) { RunToEnd(words); }}) {
+            try {
+                start(command);
+            } catch (const Error& error) {
+                numbers.push_back(error.Number());
+            }
         }
-        return 0;
+        return numbers;
     };
-    EXPECT_EQ(numberOf({folder.Path("missing")}), kFileNotFound);
-    EXPECT_EQ(numberOf({}), kFileNotFound);
-    EXPECT_EQ(numberOf({broken}), kPathAccessError);
+    EXPECT_THAT(numbersOf({folder.Path("missing")}), ElementsAre(kFileNotFound, kFileNotFound));
+    EXPECT_THAT(numbersOf({}), ElementsAre(kFileNotFound, kFileNotFound));
+    EXPECT_THAT(numbersOf({broken}), ElementsAre(kPathAccessError, kPathAccessError));
 }
 
 }  // namespace
