@@ -24,6 +24,10 @@ std::string_view IconWord(Icon icon) {
     return {};
 }
 
+void Dialogs::TitledMessage(Icon icon, const std::string&, const std::string& text) {
+    Message(icon, text);
+}
+
 void UseDialogs(Dialogs& dialogs) {
     current = &dialogs;
 }

@@ -7,7 +7,7 @@
 #include "platform/error.h"
 
 // Where a module asks or tells the user. The desktop shows boxes, the command-line program prints, tests
-// record. Texts break lines with "\n"; the title of every box is "Vellumark".
+// record. Texts break lines with "\n"; the title of a box is "Vellumark" unless it is given.
 namespace vellumark::platform {
 
 enum class Icon { None, Information, Exclamation, Critical, Question };
@@ -34,6 +34,8 @@ class Dialogs {
     virtual ~Dialogs() = default;
 
     virtual void Message(Icon icon, const std::string& text) = 0;
+    // A box with a title of its own; without boxes there is none.
+    virtual void TitledMessage(Icon icon, const std::string& title, const std::string& text);
     virtual bool AskYesNo(Icon icon, const std::string& text) = 0;
     // The typed text, or nothing when the user cancelled.
     virtual std::optional<std::string> Ask(const Prompt& prompt) = 0;

@@ -27,6 +27,10 @@ void Recorder::Message(platform::Icon icon, const std::string& text) {
     shown.push_back(Prefix(icon) + text);
 }
 
+void Recorder::TitledMessage(platform::Icon icon, const std::string& title, const std::string& text) {
+    shown.push_back(Prefix(icon) + title + ": " + text);
+}
+
 bool Recorder::AskYesNo(platform::Icon icon, const std::string& text) {
     shown.push_back(Prefix(icon) + text);
     return TakeAnswer(yesNoAnswers, false, text);

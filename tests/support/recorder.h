@@ -15,6 +15,7 @@ class Recorder : public platform::Dialogs {
     Recorder() { platform::UseDialogs(*this); }
 
     void Message(platform::Icon icon, const std::string& text) override;
+    void TitledMessage(platform::Icon icon, const std::string& title, const std::string& text) override;
     bool AskYesNo(platform::Icon icon, const std::string& text) override;
     std::optional<std::string> Ask(const platform::Prompt& prompt) override;
     int Choose(const platform::Choice& choice) override;

@@ -47,8 +47,13 @@ class BoxPointer {
 }  // namespace
 
 void BoxDialogs::Message(platform::Icon icon, const std::string& text) {
+    TitledMessage(icon, kTitle, text);
+}
+
+void BoxDialogs::TitledMessage(platform::Icon icon, const std::string& title, const std::string& text) {
     const BoxPointer pointer;
-    QMessageBox box(BoxIcon(icon), kTitle, "", QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(BoxIcon(icon), QString::fromStdString(title), "", QMessageBox::Ok,
+                    QApplication::activeWindow());
     SetText(box, text);
     box.exec();
 }
