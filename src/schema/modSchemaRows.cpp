@@ -6,7 +6,7 @@ namespace {
 
 void AddColumn(dao::Recordset& columns, const SchemaColumn& column) {
     columns.Set("Name", column.name)
-        .Set("COOLGen Attribute Name", "")
+        .Set("COOLGen Attribute Name", column.attribute)
         .Set("ADO Data Type", column.adoDataType)
         .Set("ADO Character Maximum Length", column.adoMaximumLength)
         .Set("ADO Numeric Precision", column.adoPrecision)
@@ -39,7 +39,7 @@ void AddSchemaRows(const dao::Database& repository, int schemaId, const std::vec
             .Set("FK DBS Id", schemaId)
             .Set("Name", table.name)
             .Set("Owner", table.owner)
-            .Set("COOLGen Entity Name", "")
+            .Set("COOLGen Entity Name", table.entity)
             .Set("Status", "");
         tableRows.Update();
         int columnId = 0;

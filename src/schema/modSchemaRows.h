@@ -11,6 +11,7 @@ namespace vellumark {
 
 struct SchemaColumn {
     std::string name;
+    std::string attribute;    // its name in a model
     std::string adoDataType;  // the name of the reported type
     int adoMaximumLength = 0;
     int adoPrecision = 0;
@@ -32,6 +33,7 @@ struct SchemaTable {
     std::string name;
     std::string owner;
     std::vector<SchemaColumn> columns;
+    std::string entity = {};  // its name in a model
 };
 
 // Adds the rows of a schema that has none yet: all of them, or on an error none.
