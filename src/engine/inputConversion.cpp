@@ -30,10 +30,12 @@ bool IsInQuotes(const ReaderColumn& column, const ValueSource& source) {
     return source.quotesCode == "Q";
 }
 
+// A source of permitted values has the pattern "0", which holds nothing either.
 EditPattern InputPattern(const ReaderColumn& column, const ValueSource& source) {
-    return CompileEditPattern(source.datetimePattern.empty()
-                                  ? column.options->InputPattern(GroupOf(column.dataType))
-                                  : source.datetimePattern);
+    EditPattern pattern = CompileEditPattern(source.datetimePattern);
+    if (pattern.tokens.empty())
+        pattern = CompileEditPattern(column.options->InputPattern(GroupOf(column.dataType)));
+    return pattern;
 }
 
 }  // namespace

@@ -288,6 +288,7 @@ TEST_F(ValueInputsTest, ReadsDatesByTheirPatterns) {
         const char* literal;
     };
     for (const Case& c : {Case{DataType::Date, TargetFormat::Db2, "", "29022024", " 2024-02-29"},
+                          Case{DataType::Date, TargetFormat::Db2, "0", "29022024", " 2024-02-29"},
                           Case{DataType::Date, TargetFormat::Oracle, "M001C001D001C001Y002", "12/31/31",
                                " 1931-12-3100.00.00"},
                           Case{DataType::Date, TargetFormat::Db2, "", "30022024", " 2000-01-01"},
