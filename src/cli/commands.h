@@ -19,6 +19,7 @@ struct CommandLine {
 
 void AddSchemaCommands(CLI::App& app, CommandLine& line);
 void AddConnectionCommands(CLI::App& app, CommandLine& line);
+void AddDescribeCommand(CLI::App& app, CommandLine& line);
 void AddScenarioCommands(CLI::App& app, CommandLine& line);
 void AddRuleCommands(CLI::App& app, CommandLine& line);
 void AddSourceCommands(CLI::App& app, CommandLine& line);
@@ -28,5 +29,8 @@ void AddRunCommands(CLI::App& app, CommandLine& line, ConsoleDialogs& dialogs);
 // none.
 bool OpenSchemaNamed(const std::string& name);
 bool OpenScenarioNamed(const std::string& name);
+
+// The Id of a table of the open schema, or 0 behind a message.
+int FindTable(const std::string& name);
 
 }  // namespace vellumark

@@ -84,24 +84,14 @@ int AddDeleteRule(const RuleWords& words, int tabId) {
                               words.where.value_or(defaults.IsEOF() ? "" : defaults.Text("Where Clause")));
 }
 
-// The table's Id, or 0 behind a message.
-int FindTable(const std::string& name) {
-    const dao::Value id = RepositoryDatabase.Lookup(
-        "select [Id] from [Table] where [FK DBS Id] = ? and [Name] = ?", {CurrentDBSId, name});
-    if (dao::IsNull(id)) {
-        platform::ShowExclamation("There is no table '" + name + "' in the Database schema '" +
-                                  CurrentDBSName + "'.");
-        return 0;
-    }
-    const dao::Value columns =
-        RepositoryDatabase.Lookup("select count(*) from [Column] where [FK DBS Id] = ? and [FK TAB Id] = ?",
-                                  {CurrentDBSId, dao::ToLong(id)});
-    if (dao::ToLong(columns) == 0) {
-        platform::ShowExclamation("The table '" + name +
-                                  "' has no columns, so there is nothing to generate for it.");
-        return 0;
-    }
-    return dao::ToLong(id);
+bool fHasColumns(int tabId, const std::string& name) {
+    const dao::Value columns = RepositoryDatabase.Lookup(
+        "select count(*) from [Column] where [FK DBS Id] = ? and [FK TAB Id] = ?", {CurrentDBSId, tabId});
+    if (dao::ToLong(columns) > 0)
+        return true;
+    platform::ShowExclamation("The table '" + name +
+                              "' has no columns, so there is nothing to generate for it.");
+    return false;
 }
 
 bool AddRule(const RuleWords& words) {
@@ -109,7 +99,7 @@ bool AddRule(const RuleWords& words) {
         return false;
     RepositoryScope repository;
     const int tabId = FindTable(words.table);
-    if (tabId == 0)
+    if (tabId == 0 || !fHasColumns(tabId, words.table))
         return false;
     const int ruleId = CurrentTSOType == 'D' ? AddDeleteRule(words, tabId) : AddInsertRule(words, tabId);
     if (ruleId == 0)

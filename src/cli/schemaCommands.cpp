@@ -78,6 +78,15 @@ bool OpenSchemaNamed(const std::string& name) {
     return false;
 }
 
+int FindTable(const std::string& name) {
+    const dao::Value id = RepositoryDatabase.Lookup(
+        "select [Id] from [Table] where [FK DBS Id] = ? and [Name] = ?", {CurrentDBSId, name});
+    if (dao::IsNull(id))
+        platform::ShowExclamation("There is no table '" + name + "' in the Database schema '" +
+                                  CurrentDBSName + "'.");
+    return dao::ToLong(id);
+}
+
 void AddSchemaCommands(CLI::App& app, CommandLine& line) {
     app.add_subcommand("schemas", "List the Database schemas, one name a line")->callback([&line] {
         line.run = ListSchemas;
