@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include "platform/dao/database.h"
+#include "scenario/modNewSchema.h"
 #include "scenario/modSchemaLifecycle.h"
 #include "schema/modConnectionString.h"
 
@@ -33,11 +34,10 @@ std::string MakeDatabase(const Session& session) {
 }
 
 void ReadSchema(benchmark::State& state, const std::string& path, char protocol) {
-    ConnectionDetails details;
-    details.schemaName = "Read";
-    details.protocol = protocol;
-    details.mdbFile = path;
-    fConnectionString(details);
+    NewSchemaDetails details{.name = "Read"};
+    details.connection.protocol = protocol;
+    details.connection.mdbFile = path;
+    fConnectionString(details.connection);
     for (auto _ : state) {
         if (!fNewSchema(details)) {
             state.SkipWithError("the schema was not read");

@@ -19,6 +19,7 @@ struct CommandLine {
 
 void AddSchemaCommands(CLI::App& app, CommandLine& line);
 void AddConnectionCommands(CLI::App& app, CommandLine& line);
+void AddReadCommand(CLI::App& app, CommandLine& line);
 void AddDescribeCommand(CLI::App& app, CommandLine& line);
 void AddScenarioCommands(CLI::App& app, CommandLine& line);
 void AddRuleCommands(CLI::App& app, CommandLine& line);

@@ -61,6 +61,7 @@ int Main(int argc, char** argv) {
     DescribeProgram(app, line);
     AddSchemaCommands(app, line);
     AddConnectionCommands(app, line);
+    AddReadCommand(app, line);
     AddDescribeCommand(app, line);
     AddScenarioCommands(app, line);
     AddRuleCommands(app, line);

@@ -1,9 +1,7 @@
 #include <iostream>
 #include <memory>
-#include <optional>
 
 #include "cli/commands.h"
-#include "cli/connectionWords.h"
 #include "platform/dialogs.h"
 #include "repository/modVellumark.h"
 #include "scenario/modSchemaLifecycle.h"
@@ -31,29 +29,8 @@ bool ListTables(const std::string& schema) {
     return true;
 }
 
-bool ReadSchema(const ConnectionWords& words) {
-    const std::optional<ConnectionDetails> details = CompleteConnection(words);
-    if (!details || !fNewSchema(*details))
-        return false;
-    RepositoryScope repository;
-    const dao::Value tables =
-        RepositoryDatabase.Lookup("select count(*) from [Table] where [FK DBS Id] = ?", {CurrentDBSId});
-    std::cout << "read " << dao::ToLong(tables) << " tables into " << CurrentDBSName << "\n";
-    return true;
-}
-
 bool DropSchema(const std::string& name) {
     return OpenSchemaNamed(name) && fDeleteSchema(true);
-}
-
-void AddReadCommand(CLI::App& app, CommandLine& line) {
-    const auto words = std::make_shared<ConnectionWords>();
-    CLI::App* read =
-        app.add_subcommand("read", "Read a database's tables, columns and foreign keys into a new schema");
-    read->add_option("NAME", words->details.schemaName, "Name of the new Database schema")->required();
-    read->add_option("--description", words->details.schemaDescription, "Free text");
-    AddConnectionOptions(*read, *words)->required();
-    read->callback([&line, words] { line.run = [words] { return ReadSchema(*words); }; });
 }
 
 void AddNamedCommand(CLI::App& app, CommandLine& line, const char* name, const char* help,
@@ -91,7 +68,6 @@ void AddSchemaCommands(CLI::App& app, CommandLine& line) {
     app.add_subcommand("schemas", "List the Database schemas, one name a line")->callback([&line] {
         line.run = ListSchemas;
     });
-    AddReadCommand(app, line);
     AddNamedCommand(app, line, "tables", "List the tables of a schema, one a line", ListTables);
     AddNamedCommand(app, line, "drop", "Delete a schema with its Scenarios", DropSchema);
 }

@@ -6,12 +6,15 @@
 
 namespace vellumark {
 
-void AddCategory(const dao::Database& values, std::string_view name, char dataType,
-                 const std::vector<std::string_view>& texts) {
+int AddCategory(const dao::Database& values, std::string_view name, char dataType,
+                const std::vector<std::string_view>& texts, char type) {
     const int id = NextId(values, "select max([Id]) from [Category]");
     dao::Recordset categories = values.OpenForAppend("Category");
     categories.AddNew();
-    categories.Set("Id", id).Set("Name", name).Set("Data Type", std::string(1, dataType)).Set("Type", "T");
+    categories.Set("Id", id)
+        .Set("Name", name)
+        .Set("Data Type", std::string(1, dataType))
+        .Set("Type", std::string(1, type));
     categories.Update();
     dao::Recordset rows = values.OpenForAppend("Value");
     int valueId = 0;
@@ -26,6 +29,7 @@ void AddCategory(const dao::Database& values, std::string_view name, char dataTy
             .Set("FK Depends VLE Id", 0);
         rows.Update();
     }
+    return id;
 }
 
 void AddConversionCode(const dao::Database& values, std::string_view name,

@@ -3,17 +3,14 @@
 #include <string>
 #include <string_view>
 
-#include "schema/modDatabaseConnection.h"
-
 // A Database schema as a whole: its row, folder, connections, tables and Scenarios.
 namespace vellumark {
 
 // The schema that OpenDatabaseSchema opens next; 0 for none.
 inline int SelectedSchemaId = 0;
 
-// Reads a new schema from the database of `details` under its schemaName, makes the System Scenario and the
-// two default Scenarios, and leaves it open. False behind a message; nothing of the schema is left then.
-bool fNewSchema(const ConnectionDetails& details);
+// The folder of the schema of that name.
+std::string SchemaFolder(std::string_view name);
 
 // Opens the schema of SelectedSchemaId in place of the open one.
 bool OpenDatabaseSchema();

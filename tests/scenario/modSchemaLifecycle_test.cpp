@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "repository/modVellumark.h"
+#include "scenario/modNewSchema.h"
 #include "scenario/modTestScenarioMaintenance.h"
 #include "schema/modConnectionString.h"
 #include "session.h"
@@ -24,12 +25,10 @@ class LifecycleTest : public test::SessionTest {
             .Execute();
     }
 
-    ConnectionDetails Details(const std::string& name) const {
-        ConnectionDetails details;
-        details.schemaName = name;
-        details.schemaDescription = "about it";
-        details.mdbFile = source;
-        fConnectionString(details);
+    NewSchemaDetails Details(const std::string& name) const {
+        NewSchemaDetails details{.name = name};
+        details.connection.mdbFile = source;
+        fConnectionString(details.connection);
         return details;
     }
 
@@ -44,64 +43,6 @@ class LifecycleTest : public test::SessionTest {
 
     const std::string source = folder.Path("source.mdb");
 };
-
-TEST_F(LifecycleTest, NewSchemaIsReadyToUse) {
-    ASSERT_TRUE(fNewSchema(Details("Shop")));
-    EXPECT_EQ(recorder.Take(), "");
-    EXPECT_EQ(recorder.statuses, (std::vector<std::string>{
-                                     "Reading Database Definition", "Reading in database tables and columns",
-                                     "Setting defaults", "Creating default Insert Scenario", ""}));
-    EXPECT_EQ(Rows("select [Id], [Name], [Description], [Source], [FK CON Id Source], [FK CON Id Target] "
-                   "from [Database]"),
-              "1|Shop|about it|D|1|2");
-    EXPECT_EQ(Rows("select [Description] from [Database Connection]"),
-              "Shop (Source) - DBMS: 'Jet' MDB: 'source.mdb'\nShop (Target) - DBMS: 'Jet' MDB: 'source.mdb'");
-    EXPECT_EQ(Rows("select [Name] from [Table] order by [Id]"), "Parent\nChild");
-    EXPECT_EQ(Rows("select [Id], [Name], [Type] from [Test Scenario]"),
-              "0|System|0\n1|Scenario to delete data|D\n2|Scenario to create data|I");
-    EXPECT_EQ(CurrentTSOName, "Scenario to create data");
-    EXPECT_EQ(CurrentTSOType, 'I');
-    EXPECT_EQ(SessionState, kOpenWithScenario);
-    EXPECT_EQ(ShownSchemaDescription, "about it");
-    EXPECT_EQ(TargetConnectionState, 'D');
-    EXPECT_TRUE(fs::is_directory(CurrentDBSFolder + "/Scenario to delete data.tso"));
-}
-
-TEST_F(LifecycleTest, RefusalsLeaveNoTrace) {
-    ASSERT_TRUE(fNewSchema(Details("Shop")));
-    const std::string before = AllRows();
-    EXPECT_FALSE(fNewSchema(Details("SHOP")));
-    EXPECT_EQ(recorder.Take(),
-              "exclamation: Database name already exists in Vellumark.\n\nPlease enter a different "
-              "Name and try again.");
-
-    ConnectionDetails broken = Details("Broken");
-    broken.mdbFile = folder.Path("none.mdb");
-    fConnectionString(broken);
-    for (const char protocol : {'A', 'D'}) {
-        broken.protocol = protocol;
-        fConnectionString(broken);
-        EXPECT_FALSE(fNewSchema(broken));
-        EXPECT_NE(recorder.Take().find("Cannot connect to source database."), std::string::npos);
-    }
-    EXPECT_FALSE(fNewSchema(Details("")));
-    EXPECT_FALSE(fNewSchema(Details("a/b")));
-    EXPECT_EQ(AllRows(), before);
-    EXPECT_FALSE(fs::exists(folder.Path("databases/Broken.dbs")));
-    EXPECT_EQ(SessionState, kNotOpen);
-}
-
-TEST_F(LifecycleTest, FolderThatIsThereIsAskedAboutAndKept) {
-    fs::create_directory(folder.Path("databases/Shop.dbs"));
-    folder.Write("databases/Shop.dbs/notes.txt", "mine");
-    recorder.yesNoAnswers = {false, true};
-    EXPECT_FALSE(fNewSchema(Details("Shop")));
-    EXPECT_EQ(recorder.Take(), "question: Database directory already exists: " +
-                                   folder.Path("databases/Shop.dbs") + "\n\nDo you want to continue?");
-    EXPECT_EQ(Count("Database"), 0);
-    ASSERT_TRUE(fNewSchema(Details("Shop")));
-    EXPECT_EQ(test::ReadFile(CurrentDBSFolder + "/notes.txt"), "mine");
-}
 
 TEST_F(LifecycleTest, OpeningFollowsTheRowsAndTheFolder) {
     ASSERT_TRUE(fNewSchema(Details("Shop")));

@@ -9,6 +9,7 @@
 #include "embedded.h"
 #include "platform/screens/qtText.h"
 #include "repository/modVellumark.h"
+#include "scenario/modNewSchema.h"
 #include "scenario/modSchemaLifecycle.h"
 #include "schema/modConnectionString.h"
 #include "test_files.h"
@@ -91,10 +92,9 @@ void ScreenTest::LookForScreen() {
 }
 
 void ScreenTest::ReadShop() {
-    ConnectionDetails details;
-    details.schemaName = "Shop";
-    details.mdbFile = MakeEmbedded(folder.Path("shop.mdb"), ReadFile(Sample("shop.sql")));
-    fConnectionString(details);
+    NewSchemaDetails details{.name = "Shop"};
+    details.connection.mdbFile = MakeEmbedded(folder.Path("shop.mdb"), ReadFile(Sample("shop.sql")));
+    fConnectionString(details.connection);
     ASSERT_TRUE(fNewSchema(details)) << recorder.Take();
 }
 

@@ -4,6 +4,7 @@
 #include "embedded.h"
 #include "proxy.h"
 #include "repository/modVellumark.h"
+#include "scenario/modNewSchema.h"
 #include "scenario/modSchemaLifecycle.h"
 #include "servers.h"
 #include "session.h"
@@ -36,9 +37,9 @@ class ServerFailuresTest : public SessionTest, public ::testing::WithParamInterf
     bool IsPostgres() const { return GetParam() == Engine::PostgreSQL; }
 
     // What the user logs in with; the port may be a proxy's.
-    ConnectionDetails Details(char protocol, const std::string& port = "") const {
-        ConnectionDetails details;
-        details.schemaName = "Half";
+    NewSchemaDetails Details(char protocol, const std::string& port = "") const {
+        NewSchemaDetails schema{.name = "Half"};
+        ConnectionDetails& details = schema.connection;
         details.dbmsType = kDbmsOther;
         details.protocol = protocol;
         details.useODBC = true;
@@ -47,7 +48,7 @@ class ServerFailuresTest : public SessionTest, public ::testing::WithParamInterf
         if (!port.empty())
             values["PORT"] = port;
         details.connectionString = database.ConnectionStringWith(values);
-        return details;
+        return schema;
     }
     // Reads through a line that does `act` when the program asks with `word`; gives what was shown.
     std::string FailedRead(char protocol, const std::string& word, const Proxy::Action& act) {
@@ -147,15 +148,15 @@ TEST_P(PostgresRightsTest, ACatalogThatIsRefusedLeavesNoTrace) {
 // The Jet file's keys stand in for those that the server keeps to itself.
 TEST_P(PostgresRightsTest, KeysThatAreRefusedComeFromTheJetFile) {
     database.Run("revoke select on pg_constraint from public");
-    ConnectionDetails details = Details('A');
+    NewSchemaDetails details = Details('A');
     ASSERT_TRUE(fNewSchema(details));
     EXPECT_EQ(Links(), "Id|Data\nOf|Data");
     ASSERT_TRUE(fDeleteSchema(false));
 
-    details.dbmsType = kDbmsJet;
-    details.mdbFile = MakeEmbedded(folder.Path("shop.mdb"),
-                                   "create table Part (Id LONG primary key);"
-                                   "create table Use (Of LONG references Part (Id));");
+    details.connection.dbmsType = kDbmsJet;
+    details.connection.mdbFile = MakeEmbedded(folder.Path("shop.mdb"),
+                                              "create table Part (Id LONG primary key);"
+                                              "create table Use (Of LONG references Part (Id));");
     ASSERT_TRUE(fNewSchema(details));
     EXPECT_EQ(Links(), "Id|Data\nOf|Foreign Key");
     EXPECT_EQ(recorder.Take(), "");
