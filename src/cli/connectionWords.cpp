@@ -55,7 +55,8 @@ CLI::Option* AddConnectionOptions(CLI::App& command, ConnectionWords& words) {
     command.add_option("--access", words.access, "How to reach the database")
         ->check(CLI::IsMember({"direct", "odbc"}))
         ->capture_default_str();
-    command.add_option("--mdb", details.mdbFile, "File of an embedded database")->type_name("FILE");
+    command.add_option("--mdb", details.mdbFile, "File of an embedded database, or a Microsoft Access file")
+        ->type_name("FILE");
     command.add_option("--server", details.server, "Server");
     command.add_option("--database", details.database, "Database on the server");
     command.add_option("--dsn", details.dsn, "ODBC data source");

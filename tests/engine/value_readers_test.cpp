@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "access_file.h"
 #include "embedded.h"
 #include "engine/connectionSlots.h"
 #include "repository/modVellumark.h"
@@ -13,7 +14,16 @@ namespace {
 const std::vector<std::string> kLetters = {"a", "b", "c", "d", "e"};
 
 // The same values in each kind of source.
-enum class Kind { Category, Delimited, Positional, Spreadsheet, DaoDatabase, AdoDatabase };
+enum class Kind {
+    Category,
+    Delimited,
+    Positional,
+    Spreadsheet,
+    DaoDatabase,
+    AdoDatabase,
+    DaoAccess,
+    AdoAccess
+};
 
 // What the reader of each kind says.
 struct KindWords {
@@ -31,6 +41,8 @@ constexpr KindWords kWords[] = {
      "Error occurred reading values from a Positional Text File for "},
     {"End Of File occurred reading values from an Excel Spreadsheet for ",
      "Error occurred reading values from an Excel Spreadsheet for "},
+    kOtherDatabaseWords,
+    kOtherDatabaseWords,
     kOtherDatabaseWords,
     kOtherDatabaseWords};
 
@@ -56,6 +68,7 @@ class ValueReadersTest : public ValueSourceTest, public ::testing::WithParamInte
     std::string Lines(const std::vector<std::string>& values, const std::string& rest);
     std::string SheetOf(const std::vector<std::string>& values);
     std::string DatabaseOf(const std::vector<std::string>& values);
+    std::string AccessFileOf(const std::vector<std::string>& values);
 };
 
 std::string ValueReadersTest::Lines(const std::vector<std::string>& values, const std::string& rest) {
@@ -79,6 +92,14 @@ std::string ValueReadersTest::DatabaseOf(const std::vector<std::string>& values)
     return MakeEmbedded(folder.Path("values.db"), statements);
 }
 
+std::string ValueReadersTest::AccessFileOf(const std::vector<std::string>& values) {
+    AccessFile file(AccessVersion::Access2000);
+    file.AddTable({"My Data", {{"Val", 10, 100}}});
+    for (const std::string& value : values)
+        file.AddRow({file.Text(value)});
+    return file.Save(folder.Path("values.mdb"));
+}
+
 Fields ValueReadersTest::SourceOf(const std::vector<std::string>& values) {
     switch (GetParam()) {
         case Kind::Category:
@@ -99,16 +120,24 @@ Fields ValueReadersTest::SourceOf(const std::vector<std::string>& values) {
         case Kind::DaoDatabase:
             return {{"Type", "O"},
                     {"FK CON Id", AddConnectionRow("Mine", 'D', DatabaseOf(values), "My Data", "Val")}};
-        default:
+        case Kind::AdoDatabase:
             return {{"Type", "O"},
                     {"FK CON Id",
                      AddConnectionRow("Mine", 'A', AccessString(DatabaseOf(values)), "My Data", "Val")}};
+        case Kind::DaoAccess:
+            return {{"Type", "O"},
+                    {"FK CON Id", AddConnectionRow("Mine", 'D', AccessFileOf(values), "My Data", "Val")}};
+        default:
+            return {{"Type", "O"},
+                    {"FK CON Id",
+                     AddConnectionRow("Mine", 'A', AccessString(AccessFileOf(values)), "My Data", "Val")}};
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ValueReadersTest,
                          ::testing::Values(Kind::Category, Kind::Delimited, Kind::Positional,
-                                           Kind::Spreadsheet, Kind::DaoDatabase, Kind::AdoDatabase));
+                                           Kind::Spreadsheet, Kind::DaoDatabase, Kind::AdoDatabase,
+                                           Kind::DaoAccess, Kind::AdoAccess));
 
 }  // namespace
 

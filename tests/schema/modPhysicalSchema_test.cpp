@@ -1,5 +1,6 @@
 #include "schema/modPhysicalSchema.h"
 
+#include "access_file.h"
 #include "embedded.h"
 #include "repository/modVellumark.h"
 #include "schema/modConnectionForm.h"
@@ -116,6 +117,50 @@ TEST_F(PhysicalSchemaTest, LeavesOutWhatNobodyCanFill) {
         EXPECT_EQ(TableRows(), "1|Words||\n2|Plain||");
         EXPECT_EQ(ColumnRows(), "1|1|Word|0|-1|1|Data|0|0\n2|1|Id|-1|0|1|Data|0|0");
     }
+}
+
+TEST_F(PhysicalSchemaTest, ReadsMicrosoftAccessFilesThroughBothProtocols) {
+    test::AccessFile shop(test::AccessVersion::Access97);
+    shop.AddTable(
+        {"Sale",
+         {{"Id", 4}, {"Line", 3}, {"Code", 10, 8, true}, {"Note", 10, 20, false, false}, {"Before", 4}},
+         {{{0, 1}, true}, {{2}, true}},
+         {{"Unique", 0, 1}, {"PrimaryKey", 1, 0}}});
+    shop.AddTable({"Delivery", {{"Sale", 4}, {"SaleLine", 3}, {"Due", 8}}});
+    shop.AddRelation({"Deliveries", "Sale", "Delivery", {{"Id", "Sale"}, {"Line", "SaleLine"}}});
+    shop.AddRelation({"Earlier", "Sale", "Sale", {{"Id", "Before"}}});
+    const std::string made = shop.Save(folder.Path("shop97.mdb"));
+    for (const char protocol : {'A', 'D'}) {
+        path = made;
+        EXPECT_EQ(Read(protocol), "True");
+        EXPECT_EQ(TableRows(), "1|Delivery||\n2|Sale||");
+        // Text that may not be empty counts as required under DAO.
+        const bool isADO = protocol == 'A';
+        EXPECT_EQ(ColumnRows(), std::string("1|1|Sale|0|-1|1|Foreign Key|2|1\n"
+                                            "1|2|SaleLine|0|-1|2|Foreign Key|2|2\n"
+                                            "1|3|Due|0|-1|3|Data|0|0\n"
+                                            "2|1|Id|-1|0|1|Data|0|0\n"
+                                            "2|2|Line|-1|0|2|Data|0|0\n") +
+                                    (isADO ? "2|3|Code|-1|0|3|Data|0|0\n2|4|Note|0|-1|4|Data|0|0\n"
+                                           : "2|3|Code|0|0|3|Data|0|0\n2|4|Note|0|0|4|Data|0|0\n") +
+                                    "2|5|Before|0|-1|5|Foreign Key|2|1");
+        path = TestData("fruit.mdb");
+        EXPECT_EQ(Read(protocol), "True");
+        EXPECT_EQ(TableRows(), "1|Dried||\n2|Fruit||\n3|Fruit Salad||\n4|Muffin/Bread||\n5|Veggie Salad||");
+        EXPECT_EQ(Rows("select c.[FK TAB Id], c.[Name], c.[Vellumark Size], c.[Role], c.[FK COL TAB Id], "
+                       "c.[FK COL Id] from [Column] c" +
+                       Schema() + " and c.[Flag Identifier] and not c.[Flag Optional]"),
+                  "1|Fruit|50|Foreign Key|2|1\n2|Fruit|50|Data|0|0\n3|Fruit|50|Foreign Key|2|1\n"
+                  "4|fruit|50|Foreign Key|2|1\n5|fruit|50|Foreign Key|2|1");
+        path = std::string(VELLUMARK_TEST_DATA) + "/soci_test.mdb";
+        EXPECT_EQ(Read(protocol), "True");
+        EXPECT_EQ(TableRows(), "");
+    }
+    // Without the prefix DAO shows the file's own tables.
+    ConnectionForm.dbmsType = kDbmsOther;
+    ConnectionForm.ignoreTablePrefix = "";
+    EXPECT_EQ(Read('D'), "True");
+    EXPECT_EQ(TableRows(), "1|MSysACEs||\n2|MSysObjects||\n3|MSysQueries||\n4|MSysRelationships||");
 }
 
 TEST_F(PhysicalSchemaTest, ADataSourceBehindDAOTellsNoKeys) {

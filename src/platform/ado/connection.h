@@ -38,6 +38,8 @@ class Connection {
     void Begin() { Opened().Begin(); }
     void Commit() { Opened().Commit(); }
     void Rollback() { Opened().Rollback(); }
+    // Throws kReadOnlyDatabase when the database is of a kind that is only read.
+    void CheckWritable() const { Opened().CheckWritable(); }
 
  private:
     Provider& Opened() const;

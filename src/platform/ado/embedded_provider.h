@@ -9,7 +9,7 @@
 
 namespace vellumark::ado {
 
-// The embedded database, asked for by the Access driver's name and DBQ=path.
+// The embedded database or a Microsoft Access file, asked for by the Access driver's name and DBQ=path.
 class EmbeddedProvider : public Provider {
  public:
     static bool Serves(const platform::ConnectionString& parts);
@@ -26,6 +26,7 @@ class EmbeddedProvider : public Provider {
     void Begin() override { database_.BeginTrans(); }
     void Commit() override { database_.CommitTrans(); }
     void Rollback() override { database_.Rollback(); }
+    void CheckWritable() const override { database_.CheckWritable(); }
 
  private:
     Rowset Tables(const Restrictions& restrictions) const override;

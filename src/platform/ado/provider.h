@@ -49,6 +49,8 @@ class Provider {
     virtual void Begin() = 0;
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
+    // Throws kReadOnlyDatabase when the database is of a kind that is only read.
+    virtual void CheckWritable() const {}
 
  private:
     virtual Rowset Tables(const Restrictions& restrictions) const = 0;

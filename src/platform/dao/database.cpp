@@ -2,7 +2,9 @@
 
 #include <filesystem>
 
+#include "platform/access/file.h"
 #include "platform/connection_string.h"
+#include "platform/dao/access_catalog.h"
 #include "platform/dao/jet_sql.h"
 #include "platform/dao/odbc_link.h"
 #include "platform/dao/statement_cursor.h"
@@ -70,13 +72,26 @@ Database::Database(ConnectionHandle connection, std::string path)
 
 Database::Database(std::shared_ptr<OdbcLink> link) : link_(std::move(link)) {}
 
+Database::Database(ConnectionHandle connection, std::string path, std::shared_ptr<const AccessCatalog> access)
+    : connection_(std::move(connection)), path_(std::move(path)), access_(std::move(access)) {}
+
 void Database::Close() {
     connection_.reset();
+    access_.reset();
     link_.reset();
 }
 
 std::string Database::ServerName() const {
+    if (access_)
+        return access_->version;
     return link_ ? link_->Connection().ServerName() : std::string("SQLite ") + sqlite3_libversion();
+}
+
+void Database::CheckWritable() const {
+    if (access_)
+        throw Error(platform::kReadOnlyDatabase, "'" + path_ +
+                                                     "' is a Microsoft Access file; Vellumark "
+                                                     "reads such files but doesn't write them.");
 }
 
 void Database::Execute(std::string_view sql, const Parameters& parameters) const {
@@ -129,7 +144,13 @@ Recordset Database::OpenForAppend(std::string_view table) const {
 Statement Database::Prepare(std::string_view sql) const {
     if (!IsEmbedded())
         throw Error(platform::kNoCurrentRecord, "The database is not open.");
-    return Statement(connection_.get(), sql);
+    try {
+        return Statement(connection_.get(), sql);
+    } catch (const Error&) {
+        if (!IsSelect(sql))
+            CheckWritable();
+        throw;
+    }
 }
 
 Value Database::Lookup(std::string_view sql, const Parameters& parameters) const {
@@ -151,6 +172,16 @@ void Database::DropTable(std::string_view table) const {
 Database OpenDatabase(const std::string& path, std::string_view connect, const OpenOptions& options) {
     if (!std::filesystem::exists(path))
         throw Error(platform::kFileCannotBeFound, "Could not find file '" + path + "'.");
+    std::error_code isNoFile;
+    // The engine takes an empty file for a database without tables.
+    if (!options.ownStore && std::filesystem::file_size(path, isNoFile) == 0)
+        throw Error(platform::kUnrecognizedFormat,
+                    "Unrecognized database format '" + path + "'. The file is empty.");
+    if (!options.ownStore && access::File::Recognizes(path)) {
+        const auto catalog = std::make_shared<AccessCatalog>();
+        ConnectionHandle connection = OpenAccessFile(path, PasswordIn(connect), *catalog);
+        return {std::move(connection), path, catalog};
+    }
     Database database(Open(path, options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE), path);
     CheckContent(database, connect);
     Run(database.Handle(), options.ownStore ? "pragma synchronous=normal" : "pragma foreign_keys=on");

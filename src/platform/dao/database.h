@@ -19,22 +19,28 @@ struct OpenOptions {
     bool ownStore = false;
 };
 
+struct AccessCatalog;
 class OdbcLink;
 
-// An open database: an embedded one, or one behind an ODBC data source. Movable; closes itself.
+// An open database: an embedded one, a Microsoft Access file, or one behind an ODBC data source. Movable;
+// closes itself.
 class Database {
  public:
     Database() = default;
     explicit Database(ConnectionHandle connection, std::string path);
     explicit Database(std::shared_ptr<OdbcLink> link);
+    Database(ConnectionHandle connection, std::string path, std::shared_ptr<const AccessCatalog> access);
 
     bool IsOpen() const { return IsEmbedded() || link_ != nullptr; }
+    // A Microsoft Access file counts as embedded, but it can't be changed.
     bool IsEmbedded() const { return connection_ != nullptr; }
     void Close();
     // Empty for a data source.
     const std::string& Path() const { return path_; }
     // The system of an open database and its version, with the driver's where there is one.
     std::string ServerName() const;
+    // Throws kReadOnlyDatabase for a Microsoft Access file.
+    void CheckWritable() const;
 
     // One statement in the data engine's dialect, or in the data source's own; "?" takes the parameters in
     // turn.
@@ -50,7 +56,8 @@ class Database {
     void Rollback() const;
 
     // Tables in the order they were made, without the engine's own. Those of a data source are called
-    // "owner.table" and have neither indexes nor relations.
+    // "owner.table" and have neither indexes nor relations; those of a Microsoft Access file come by name,
+    // its MSys tables too.
     std::vector<std::string> TableNames() const;
     // Throws kNoSuchItem for an unknown name.
     TableDef TableDefinition(std::string_view name) const;
@@ -76,11 +83,12 @@ class Database {
  private:
     ConnectionHandle connection_;
     std::string path_;
+    std::shared_ptr<const AccessCatalog> access_;  // of a Microsoft Access file
     std::shared_ptr<OdbcLink> link_;
 };
 
-// Opens an existing file. `connect` is ";pwd=..." or empty. Throws kFileCannotBeFound, kUnrecognizedFormat,
-// kNotAValidPassword, kCannotOpenFile, kLocked.
+// Opens an existing file, which may be Microsoft Access's own. `connect` is ";pwd=..." or empty. Throws
+// kFileCannotBeFound, kUnrecognizedFormat, kNotAValidPassword, kCannotOpenFile, kLocked.
 Database OpenDatabase(const std::string& path, std::string_view connect = "",
                       const OpenOptions& options = {});
 

@@ -29,6 +29,7 @@ int ErrorNumberFor(int extendedCode, std::string_view message) {
         case SQLITE_LOCKED:
             return kLocked;
         case SQLITE_READONLY:
+        case SQLITE_AUTH:
             return kReadOnlyDatabase;
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
@@ -56,7 +57,10 @@ int ErrorNumberFor(int extendedCode, std::string_view message) {
 
 void ThrowEngineError(sqlite3* connection, int code) {
     const int extended = connection == nullptr ? code : sqlite3_extended_errcode(connection);
-    const std::string message = connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection);
+    std::string message = connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection);
+    if ((extended & 0xFF) == SQLITE_AUTH)
+        message =
+            "The database is a Microsoft Access file; Vellumark reads such files but doesn't write them.";
     throw Error(ErrorNumberFor(extended, message), message);
 }
 

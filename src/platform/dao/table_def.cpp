@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/dao/access_catalog.h"
 #include "platform/dao/database.h"
 #include "platform/dao/jet_sql.h"
 #include "platform/dao/odbc_link.h"
@@ -109,6 +110,11 @@ std::vector<std::string> Database::TableNames() const {
     if (link_)
         return link_->TableNames();
     std::vector<std::string> names;
+    if (access_) {
+        for (const TableDef& table : access_->tables)
+            names.push_back(table.name);
+        return names;
+    }
     Statement list = Prepare("select name from (" + std::string(platform::kSqliteTables) +
                              ") where kind = 'TABLE' or name like 'MSys%'");
     while (list.Step())
@@ -124,6 +130,8 @@ TableDef Database::TableDefinition(std::string_view name) const {
     if (dao::IsNull(stored))
         throw platform::Error(platform::kNoSuchItem,
                               "Item not found in this collection: '" + std::string(name) + "'.");
+    if (access_)
+        return *std::ranges::find(access_->tables, ToText(stored), &TableDef::name);
     TableDef table;
     table.name = ToText(stored);
     Columns columns = ReadColumns(*this, table.name);
@@ -144,6 +152,8 @@ std::vector<TableDef> Database::TableDefs() const {
 }
 
 std::vector<Relation> Database::Relations() const {
+    if (access_)
+        return access_->relations;
     std::vector<Relation> relations;
     if (link_)
         return relations;
