@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <fstream>
 
+#include "access_file.h"
 #include "engine/modGenerateData.h"
 #include "platform/dao/database.h"
 #include "repository/modVellumark.h"
@@ -24,7 +25,7 @@ std::string WriteLines(const Session& session) {
     return path;
 }
 
-int AddDatabaseConnection(const Session& session) {
+std::string MakeDatabase(const Session& session) {
     const std::string path = session.Path("source.mdb");
     dao::CreateDatabase(path);
     const dao::Database database = dao::OpenDatabase(path);
@@ -36,13 +37,24 @@ int AddDatabaseConnection(const Session& session) {
             " insert into Source select 'value ' || i from n")
         .Execute();
     transaction.Commit();
+    return path;
+}
+
+std::string MakeAccessFile(const Session& session) {
+    test::AccessFile file(test::AccessVersion::Access2000);
+    file.AddTable({"Source", {{"Id", 4}, {"Txt", 10, 60}}});
+    for (int row = 1; row <= kRows; ++row)
+        file.AddRow({test::Stored(row), file.Text("value " + std::to_string(row))});
+    return file.Save(session.Path("access.mdb"));
+}
+
+int AddDatabaseConnection(int id, const std::string& path) {
     RepositoryScope repository;
-    RepositoryDatabase.Execute("insert into [Database] ([Id], [Name]) values (?, 'Bench')", {CurrentDBSId});
     RepositoryDatabase.Execute(
         "insert into [Database Connection] ([Id], [Type], [Access Method], [VB Data Access Objects],"
-        " [Connection String], [Table], [Column]) values (1, 'Jet', 'D', 'D', ?, 'Source', 'Txt')",
-        {path});
-    return 1;
+        " [Connection String], [Table], [Column]) values (?, 'Jet', 'D', 'D', ?, 'Source', 'Txt')",
+        {id, path});
+    return id;
 }
 
 // A Scenario of its own whose only column reads a source of that type.
@@ -85,14 +97,20 @@ void Register(const Session& session, const std::string& name, int scenario) {
 
 void RegisterSourceRuns(const Session& session) {
     const std::string lines = WriteLines(session);
+    {
+        RepositoryScope repository;
+        RepositoryDatabase.Execute("insert into [Database] ([Id], [Name]) values (?, 'Bench')",
+                                   {CurrentDBSId});
+    }
     AddSource(kFirstScenario, "D",
               {{"Name and Path", lines}, {"Delimiter", ","}, {"Delimited Field Number", 2}});
     AddSource(kFirstScenario + 1, "P",
               {{"Name and Path", lines}, {"Start from Column", 1}, {"End at Column", 9}});
     AddSource(kFirstScenario + 2, "V", {{"FK CAT Id", 1}});
-    AddSource(kFirstScenario + 3, "O", {{"FK CON Id", AddDatabaseConnection(session)}});
+    AddSource(kFirstScenario + 3, "O", {{"FK CON Id", AddDatabaseConnection(1, MakeDatabase(session))}});
+    AddSource(kFirstScenario + 4, "O", {{"FK CON Id", AddDatabaseConnection(2, MakeAccessFile(session))}});
     int scenario = kFirstScenario;
-    for (const char* name : {"delimited_text", "positional_text", "category", "database"})
+    for (const char* name : {"delimited_text", "positional_text", "category", "database", "access_file"})
         Register(session, name, scenario++);
 }
 
