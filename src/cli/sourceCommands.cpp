@@ -6,6 +6,7 @@
 
 #include "cli/commands.h"
 #include "cli/connectionWords.h"
+#include "engine/targetConnection.h"
 #include "platform/dialogs.h"
 #include "repository/modVellumark.h"
 #include "scenario/modGenericValues.h"
@@ -90,9 +91,9 @@ bool Connect(const std::string& schema, const ConnectionWords& words) {
     std::optional<ConnectionDetails> details = CompleteConnection(words);
     if (!details || !fSaveConnection(kConnectTarget, *details))
         return false;
-    if (ConnectTarget())
-        return true;
-    return Refuse("Cannot connect to target database.");
+    if (!ConnectTarget())
+        return Refuse("Cannot connect to target database.");
+    return fTargetTakesData();
 }
 
 bool PrintCategories() {

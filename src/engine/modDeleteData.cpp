@@ -67,6 +67,8 @@ void WriteDeleteFile(const OutputChoice& choice, RunProgress& progress) {
 }  // namespace
 
 bool fDeleteSQL(const OutputChoice& choice, RunProgress& progress) {
+    if (choice.toDatabase && !fTargetTakesData())
+        return false;
     progress.Caption("Creating Delete SQL statements");
     RepositoryScope repository;
     bool done = true;

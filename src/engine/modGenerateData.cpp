@@ -75,7 +75,7 @@ bool GenerationRun::Generate() {
     ValuesScope values;
     const ConnectionSlotScope slots;
     fInitProgressInsertSQL(progress_);
-    if (!fRangesEnd())
+    if (!fRangesEnd() || (choice_.toDatabase && !fTargetTakesData()))
         return false;
     fClearStatusMarks();
     if (WorkingDatabaseNeeded() && !fPrepareWorkingDatabase())

@@ -1,6 +1,7 @@
 #include "engine/targetConnection.h"
 
 #include "platform/dao/text_runner.h"
+#include "platform/dialogs.h"
 #include "platform/error.h"
 #include "schema/modDatabaseConnection.h"
 
@@ -45,6 +46,20 @@ std::unique_ptr<StatementTarget> SessionTarget() {
     if (DatabaseProtocol == 'A')
         return std::make_unique<AdoTarget>(target.ado);
     return std::make_unique<DaoTarget>(target.dao);
+}
+
+bool fTargetTakesData() {
+    const OpenConnections& target = TargetConnections;
+    try {
+        if (DatabaseProtocol == 'A' && target.ado.IsOpen())
+            target.ado.CheckWritable();
+        else if (DatabaseProtocol == 'D')
+            target.dao.CheckWritable();
+        return true;
+    } catch (const platform::Error& error) {
+        platform::ShowExclamation(error.Description());
+        return false;
+    }
 }
 
 }  // namespace vellumark

@@ -77,6 +77,7 @@ int LoadText(const TextLoad& load) {
     const std::string textPath = JoinPath(folder, load.textFile);
     const std::string mdbFolder = platform::PlatformPath(platform::Trim(load.mdbFolder));
     const dao::Database database = dao::OpenDatabase(JoinPath(mdbFolder, platform::Trim(load.mdbName)));
+    database.CheckWritable();
     dao::Transaction transaction(database);
     DeleteTableIfPresent(database, kTempTable);
     const dao::TableDef table = database.TableDefinition(load.tableName);

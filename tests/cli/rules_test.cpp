@@ -88,6 +88,34 @@ TEST_F(CliRulesTest, FillsADatabaseAndEmptiesItAgain) {
               "0|Kept");
 }
 
+TEST_F(CliRulesTest, MicrosoftAccessFilesGiveValuesAndTakeNone) {
+    const std::string before = ReadFile(std::string(VELLUMARK_TEST_DATA) + "/fruit.mdb");
+    const std::string fruit = folder.Write("fruit.mdb", before);
+    for (const char* protocol : {"dao", "ado"}) {
+        Do({"source", "Music", "Fill", "1", "Name", "--kind", "database", "--type", "Jet", "--protocol",
+            protocol, "--mdb", fruit, "--table", "Muffin/Bread", "--source-column", "fruit", "--order",
+            "sequential"});
+        const std::string file = folder.Path(std::string(protocol) + ".txt");
+        Do({"generate", "Music", "Fill", "--file", file, "--format", "Text File - Delimited"});
+        const std::string text = ReadFile(file);
+        EXPECT_NE(text.find("\r\n101,Banana\r\n102,Blueberry\r\n103,Carrots\r\n"), text.npos) << text;
+
+        const std::string schema = std::string("Fruit by ") + protocol;
+        const std::string refusal =
+            "exclamation: '" + fruit +
+            "' is a Microsoft Access file; Vellumark reads such files but doesn't write them.\n";
+        Do({"read", schema, "--type", "Jet", "--protocol", protocol, "--mdb", fruit});
+        EXPECT_EQ(Refusal({"connect", schema, "--type", "Jet", "--protocol", protocol, "--mdb", fruit}),
+                  refusal);
+        Do({"rule", "add", schema, "Scenario to create data", "Fruit", "--end", "3"});
+        EXPECT_EQ(Refusal({"generate", schema, "Scenario to create data", "--database"}), refusal);
+        Do({"rule", "add", schema, "Scenario to delete data", "Fruit"});
+        EXPECT_TRUE(Refusal({"generate", schema, "Scenario to delete data", "--database"})
+                        .ends_with(refusal + "critical: Cannot continue deleting data\n"));
+    }
+    EXPECT_EQ(ReadFile(fruit), before);
+}
+
 TEST_F(CliRulesTest, DependenciesAreTakenAwayAgain) {
     const std::vector<std::string> depend = {"depend",     "Music",    "Fill", "--child",
                                              "2.ArtistId", "--parent", "new"};

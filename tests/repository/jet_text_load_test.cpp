@@ -48,6 +48,15 @@ class TextIntoTable : public testing::Test {
     test::Recorder boxes_;
 };
 
+TEST_F(TextIntoTable, LeavesMicrosoftAccessFilesAlone) {
+    const std::string before = test::ReadFile(std::string(VELLUMARK_TEST_DATA) + "/fruit.mdb");
+    const std::string path = folder_.Write("test.mdb", before);
+    EXPECT_FALSE(Load("1"));
+    EXPECT_THAT(boxes_.Take(), HasSubstr("Error: 3027 '" + path + "' is a Microsoft Access file"));
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path("text/schema.ini")));
+    EXPECT_EQ(test::ReadFile(path), before);
+}
+
 TEST_F(TextIntoTable, DescribesTheFileInSchemaIni) {
     MakeTable(
         "[Flag] YESNO, [Byte] BYTE, [Short] SHORT, [Long] LONG, [Cash] CURRENCY, [Single] SINGLE, [Double] "
