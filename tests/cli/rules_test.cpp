@@ -7,6 +7,7 @@
 #include "cli.h"
 #include "platform/dao/database.h"
 #include "session.h"
+#include "test_files.h"
 
 namespace vellumark::test {
 namespace {
@@ -89,7 +90,7 @@ TEST_F(CliRulesTest, FillsADatabaseAndEmptiesItAgain) {
 }
 
 TEST_F(CliRulesTest, MicrosoftAccessFilesGiveValuesAndTakeNone) {
-    const std::string before = ReadFile(std::string(VELLUMARK_TEST_DATA) + "/fruit.mdb");
+    const std::string before = ReadFile(TestData("fruit.mdb"));
     const std::string fruit = folder.Write("fruit.mdb", before);
     for (const char* protocol : {"dao", "ado"}) {
         Do({"source", "Music", "Fill", "1", "Name", "--kind", "database", "--type", "Jet", "--protocol",

@@ -7,6 +7,7 @@
 #include "platform/dao/database.h"
 #include "platform/error.h"
 #include "session.h"
+#include "test_files.h"
 
 namespace vellumark::dao {
 namespace {
@@ -17,7 +18,7 @@ using test::AccessVersion;
 using test::Stored;
 
 std::string DataFile(const std::string& name) {
-    return std::string(VELLUMARK_TEST_DATA) + "/" + name;
+    return test::TestData(name);
 }
 
 // "Fruit: Fruit 10/202 50!, Fat 4/3 4; [PrimaryKey] PU Fruit"; "!" marks a required field, "-" one that takes

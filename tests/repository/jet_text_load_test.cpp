@@ -5,6 +5,7 @@
 #include "repository/modJetDatabaseServices.h"
 #include "repository/modVellumark.h"
 #include "temp_folder.h"
+#include "test_files.h"
 
 namespace vellumark {
 namespace {
@@ -49,7 +50,7 @@ class TextIntoTable : public testing::Test {
 };
 
 TEST_F(TextIntoTable, LeavesMicrosoftAccessFilesAlone) {
-    const std::string before = test::ReadFile(std::string(VELLUMARK_TEST_DATA) + "/fruit.mdb");
+    const std::string before = test::ReadFile(test::TestData("fruit.mdb"));
     const std::string path = folder_.Write("test.mdb", before);
     EXPECT_FALSE(Load("1"));
     EXPECT_THAT(boxes_.Take(), HasSubstr("Error: 3027 '" + path + "' is a Microsoft Access file"));

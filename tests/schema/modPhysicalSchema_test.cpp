@@ -7,6 +7,7 @@
 #include "schema/modConnectionRows.h"
 #include "schema/modDatabaseConnection.h"
 #include "session.h"
+#include "test_files.h"
 
 namespace vellumark {
 namespace {
@@ -144,7 +145,7 @@ TEST_F(PhysicalSchemaTest, ReadsMicrosoftAccessFilesThroughBothProtocols) {
                                     (isADO ? "2|3|Code|-1|0|3|Data|0|0\n2|4|Note|0|-1|4|Data|0|0\n"
                                            : "2|3|Code|0|0|3|Data|0|0\n2|4|Note|0|0|4|Data|0|0\n") +
                                     "2|5|Before|0|-1|5|Foreign Key|2|1");
-        path = TestData("fruit.mdb");
+        path = test::TestData("fruit.mdb");
         EXPECT_EQ(Read(protocol), "True");
         EXPECT_EQ(TableRows(), "1|Dried||\n2|Fruit||\n3|Fruit Salad||\n4|Muffin/Bread||\n5|Veggie Salad||");
         EXPECT_EQ(Rows("select c.[FK TAB Id], c.[Name], c.[Vellumark Size], c.[Role], c.[FK COL TAB Id], "
@@ -152,7 +153,7 @@ TEST_F(PhysicalSchemaTest, ReadsMicrosoftAccessFilesThroughBothProtocols) {
                        Schema() + " and c.[Flag Identifier] and not c.[Flag Optional]"),
                   "1|Fruit|50|Foreign Key|2|1\n2|Fruit|50|Data|0|0\n3|Fruit|50|Foreign Key|2|1\n"
                   "4|fruit|50|Foreign Key|2|1\n5|fruit|50|Foreign Key|2|1");
-        path = std::string(VELLUMARK_TEST_DATA) + "/soci_test.mdb";
+        path = test::TestData("soci_test.mdb");
         EXPECT_EQ(Read(protocol), "True");
         EXPECT_EQ(TableRows(), "");
     }
