@@ -1,5 +1,6 @@
 #include "scenario/modTTRandRTDmaintenance.h"
 
+#include <charconv>
 #include <cstdint>
 #include <limits>
 #include <vector>
@@ -9,7 +10,9 @@
 #include "platform/error.h"
 #include "repository/modVellumark.h"
 #include "scenario/modColumnRuleDefaults.h"
+#include "scenario/modDependencies.h"
 #include "scenario/modRowCopy.h"
+#include "scenario/modRuleSelection.h"
 
 namespace vellumark {
 
@@ -153,6 +156,38 @@ void AddColumnRules(int ruleId, int tabId) {
     }
 }
 
+dao::Recordset RuleRow(int scenarioId, int ruleId) {
+    return RepositoryDatabase.OpenRecordset(
+        "select * from [TSO Insert Table Rule] where [FK DBS Id] = ? and [FK TSO Id] = ? and [Id] = ?",
+        {CurrentDBSId, scenarioId, ruleId});
+}
+
+// Takes the Dependencies of the rule away and returns its parents.
+std::vector<int> RemoveDependencies(int ruleId) {
+    const std::string_view ofScenario =
+        "from [resolver TTR dependency] where [FK DBS Id] = ? and [FK TSO Id] = ? and ";
+    const dao::Parameters key{CurrentDBSId, CurrentTSOId, ruleId};
+    std::vector<int> parents;
+    dao::Recordset rows = RepositoryDatabase.OpenRecordset(
+        "select [FK Parent TTR Id] " + std::string(ofScenario) + "[FK Child TTR Id] = ?", key);
+    for (; !rows.IsEOF(); rows.MoveNext())
+        parents.push_back(rows.Long("FK Parent TTR Id"));
+    for (const char* side : {"[FK Parent TTR Id] = ?", "[FK Child TTR Id] = ?"})
+        RepositoryDatabase.Execute("delete * " + std::string(ofScenario) + side, key);
+    return parents;
+}
+
+// True for a rule that makes no rows of its own and that no Dependency needs any more.
+bool StandsIdle(int ruleId) {
+    const dao::Recordset rule = RuleRow(CurrentTSOId, ruleId);
+    if (rule.IsEOF() || rule.Boolean("Flag Use Generated Data"))
+        return false;
+    return dao::ToLong(RepositoryDatabase.Lookup(
+               "select count(*) from [resolver TTR dependency] where [FK DBS Id] = ? and [FK TSO Id] = ?"
+               " and [FK Parent TTR Id] = ?",
+               {CurrentDBSId, CurrentTSOId, ruleId})) == 0;
+}
+
 }  // namespace
 
 int AddTableRule(int tabId, int startRange, int endRange, bool useGenerated) {
@@ -169,6 +204,66 @@ int AddTableRule(int tabId, int startRange, int endRange, bool useGenerated) {
     LastTableRuleLabel = TableRuleLabel(dao::ToText(name), startRange, endRange);
     transaction.Commit();
     return id;
+}
+
+void RemoveTableRule(int ruleId) {
+    const RepositoryScope repository;
+    dao::Transaction transaction(RepositoryDatabase);
+    const std::vector<int> parents = RemoveDependencies(ruleId);
+    fDeleteRuleDetails(ruleId);
+    RepositoryDatabase.Execute(
+        "delete * from [TSO Insert Table Rule] where [FK DBS Id] = ? and [FK TSO Id] = ? and [Id] = ?",
+        {CurrentDBSId, CurrentTSOId, ruleId});
+    for (const int parent : parents)
+        if (StandsIdle(parent))
+            RemoveTableRule(parent);
+    transaction.Commit();
+}
+
+std::optional<TTRDetails> displayTTRDetails() {
+    const RepositoryScope repository;
+    const dao::Recordset rule = RuleRow(RuleScenarioId, CurrentTTRId);
+    if (rule.IsEOF())
+        return std::nullopt;
+    TTRDetails details;
+    details.startRange = rule.Long("Start Range");
+    details.endRange = rule.Long("End Range");
+    details.quantity = rule.Long("Quantity");
+    const dao::Recordset table = RepositoryDatabase.OpenRecordset(
+        "select * from [Table] where [FK DBS Id] = ? and [Id] = ?", {CurrentDBSId, rule.Long("FK TAB Id")});
+    if (!table.IsEOF()) {
+        details.tableName = table.Text("Name");
+        details.owner = table.Text("Owner");
+    }
+    return details;
+}
+
+bool updateTTRDetails(TTRDetails& details) {
+    try {
+        const RepositoryScope repository;
+        dao::Recordset rule = RuleRow(RuleScenarioId, CurrentTTRId);
+        // The defaults have no Dependencies.
+        details.quantity = RuleScenarioId == 0
+                               ? RangeQuantity(details.startRange, details.endRange)
+                               : fTTRQuantity(CurrentTTRId, details.startRange, details.endRange);
+        rule.Edit();
+        rule.Set("Start Range", details.startRange)
+            .Set("End Range", details.endRange)
+            .Set("Quantity", details.quantity);
+        rule.Update();
+        return true;
+    } catch (const platform::Error& error) {
+        platform::ShowUnexpectedError("storing the Table rule", error);
+        return false;
+    }
+}
+
+std::optional<int> fRangeNumber(std::string_view text) {
+    int number = 0;
+    if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc::result_out_of_range)
+        return number;
+    platform::ShowExclamation("Please enter a number of at most 2147483647");
+    return std::nullopt;
 }
 
 bool fValidTableRange(int start, int end) {
