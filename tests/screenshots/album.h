@@ -34,5 +34,6 @@ void ShootRepositoryScreens(const Album& album);
 void ShootColumnDetails(const Album& album);
 void ShootGenerateData(const Album& album);
 void ShootTableScreens(const Album& album);
+void ShootRuleScreen(const Album& album);
 
 }  // namespace vellumark::test

@@ -38,6 +38,10 @@ constexpr std::array kFiles = {
     vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenerateData,
     vellumark::test::ShootTableScreens,
+    vellumark::test::ShootPlatformScreens, vellumark::test::ShootRuleScreen,
+    vellumark::test::ShootSchemaEditor,    vellumark::test::ShootGenericValues,
+    vellumark::test::ShootForeignKeys,     vellumark::test::ShootPatternScreens,
+    vellumark::test::ShootColumnDetails,   vellumark::test::ShootGenerateData,
 };
 // clang-format on
 
