@@ -76,6 +76,12 @@ void EnableConnectionFields(ConnectionDetails& details) {
     clearUnless(enabled.ignorePrefixes, details.ignoreOwnerPrefix);
 }
 
+void TypeField(ConnectionDetails& details, std::string ConnectionDetails::*field, std::string_view text) {
+    details.*field = text;
+    if (HasConnectionString(details))
+        fConnectionString(details);
+}
+
 void ChooseDBMS(ConnectionDetails& details, std::string_view dbms) {
     details.dbmsType = dbms;
     ChooseADO(details);

@@ -43,6 +43,9 @@ ConnectionFields EnabledConnectionFields(const ConnectionDetails& details);
 // Clears the fields that can't be used.
 void EnableConnectionFields(ConnectionDetails& details);
 
+// Takes what is being typed into a field of the screen, without the messages of a string that can't be built.
+void TypeField(ConnectionDetails& details, std::string ConnectionDetails::*field, std::string_view text);
+
 // The screen's options, with what each does to the other fields.
 void ChooseDBMS(ConnectionDetails& details, std::string_view dbms);
 void ChooseADO(ConnectionDetails& details);

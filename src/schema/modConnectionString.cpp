@@ -1,5 +1,6 @@
 #include "schema/modConnectionString.h"
 
+#include "platform/connection_string.h"
 #include "platform/dialogs.h"
 
 namespace vellumark {
@@ -69,11 +70,26 @@ std::optional<std::string> ConnectionString(const ConnectionDetails& details) {
     return details.useODBC ? DaoThroughOdbc(details) : DaoDirect(details);
 }
 
+bool HasConnectionString(const ConnectionDetails& details) {
+    const bool hasProvider = details.dbmsType == kDbmsJet || details.dbmsType == kDbmsOther;
+    return !details.dbmsType.empty() && (details.protocol == 'A' || details.useODBC || hasProvider);
+}
+
 void fConnectionString(ConnectionDetails& details) {
     if (!details.useDefaultString)
         return;
     if (std::optional<std::string> text = ConnectionString(details))
         details.connectionString = std::move(*text);
+}
+
+// A password may hold a semicolon: a default string is better built anew than searched for it.
+std::string ShownConnectionString(const ConnectionDetails& details) {
+    if (!details.useDefaultString || !HasConnectionString(details))
+        return platform::MaskPasswords(details.connectionString);
+    ConnectionDetails masked = details;
+    if (!masked.password.empty())
+        masked.password = "***";
+    return ConnectionString(masked).value_or("");
 }
 
 }  // namespace vellumark

@@ -12,7 +12,13 @@ namespace vellumark {
 // directly.
 std::optional<std::string> ConnectionString(const ConnectionDetails& details);
 
+// Whether the details have a default string.
+bool HasConnectionString(const ConnectionDetails& details);
+
 // Brings the string up to date after a change of another field, unless the user types it.
 void fConnectionString(ConnectionDetails& details);
+
+// The string as people may see it, "***" in place of its password.
+std::string ShownConnectionString(const ConnectionDetails& details);
 
 }  // namespace vellumark

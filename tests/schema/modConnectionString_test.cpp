@@ -54,5 +54,20 @@ TEST(ConnectionStrings, FollowProtocolAccessAndDbms) {
     }
 }
 
+TEST(ConnectionStrings, ArePresentedWithoutTheirPassword) {
+    ConnectionDetails details = test::FilledConnection(kDbmsSqlServer, 'A', false);
+    details.password = "p;w";
+    fConnectionString(details);
+    EXPECT_EQ(ShownConnectionString(details), "server=srv;UID=me;PWD=***;DATABASE=db;Provider = sqloledb");
+    details.password.clear();
+    EXPECT_EQ(ShownConnectionString(details), "server=srv;UID=me;PWD=;DATABASE=db;Provider = sqloledb");
+    details.protocol = 'D';
+    details.connectionString = "password = {p;w};DSN=old";
+    EXPECT_EQ(ShownConnectionString(details), "password = ***;DSN=old");
+    details.protocol = 'A';
+    details.useDefaultString = false;
+    EXPECT_EQ(ShownConnectionString(details), "password = ***;DSN=old");
+}
+
 }  // namespace
 }  // namespace vellumark

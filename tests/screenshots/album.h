@@ -27,6 +27,8 @@ class Album {
 // Scenario is open before each.
 void ShootMainScreens(const Album& album);
 void ShootPlatformScreens(const Album& album);
+void ShootConnections(const Album& album);
+void ShootSchemaList(const Album& album);
 void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);
 void ShootForeignKeys(const Album& album);
