@@ -29,6 +29,7 @@ void ShootMainScreens(const Album& album);
 void ShootPlatformScreens(const Album& album);
 void ShootConnections(const Album& album);
 void ShootSchemaList(const Album& album);
+void ShootGridWeaver(const Album& album);
 void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);
 void ShootForeignKeys(const Album& album);

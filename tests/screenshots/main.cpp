@@ -35,6 +35,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootPatternScreens,
     vellumark::test::ShootConnections,
     vellumark::test::ShootSchemaList,
+    vellumark::test::ShootGridWeaver,
     vellumark::test::ShootSchemaEditor,
     vellumark::test::ShootGenericValues,
     vellumark::test::ShootForeignKeys,
