@@ -7,12 +7,18 @@
 #include "engine/screens/frmTableStatistics.h"
 #include "platform/dialogs.h"
 #include "repository/screens/frmOptions.h"
+#include "scenario/modNewSchema.h"
 #include "scenario/screens/frmCNVMaintenance.h"
 #include "scenario/screens/frmParentChildDiagram.h"
 #include "scenario/screens/frmTSOSelectTables.h"
 #include "scenario/screens/frmVLEMaintenance.h"
+#include "schema/screens/frmCaseWeaver.h"
 #include "schema/screens/frmDBSMaintenance.h"
+#include "schema/screens/frmDatabaseConnection.h"
+#include "schema/screens/frmDatabaseOpen.h"
 #include "schema/screens/frmDatabaseTree.h"
+#include "schema/screens/frmNewCOOLGen.h"
+#include "schema/screens/frmSheetWeaver.h"
 
 namespace vellumark {
 
@@ -24,28 +30,29 @@ void NotYet(const std::string& subject) {
 
 }  // namespace
 
-void ReadNewSchema(QWidget* /*main*/) {
-    NotYet("Reading a new schema from a database connection");
+void ReadNewSchema(QWidget* main) {
+    frmDatabaseConnection(kConnectNew, main).exec();
 }
 
-void CreateSchemaManually(QWidget* /*main*/) {
-    NotYet("Manually creating a Database schema");
+void CreateSchemaManually(QWidget* main) {
+    if (fNewSchema({.kind = NewSchemaKind::Manual, .name = ""}))
+        frmDBSMaintenance(main).exec();
 }
 
-void ChooseSchema(QWidget* /*main*/) {
-    NotYet("Opening a Database schema");
+void ChooseSchema(QWidget* main) {
+    frmDatabaseOpen(SchemaListMode::Open, main).exec();
 }
 
 void EditSchema(QWidget* main) {
     frmDBSMaintenance(main).exec();
 }
 
-void DeleteSchemas(QWidget* /*main*/) {
-    NotYet("Deleting a Database schema");
+void DeleteSchemas(QWidget* main) {
+    frmDatabaseOpen(SchemaListMode::Delete, main).exec();
 }
 
-void SetTargetConnection(QWidget* /*main*/) {
-    NotYet("The Target Connection screen");
+void SetTargetConnection(QWidget* main) {
+    frmDatabaseConnection(kConnectTarget, main).exec();
 }
 
 void ShowSchemaTree(QWidget* main) {
@@ -72,16 +79,16 @@ void MergeSchemas(QWidget* /*main*/) {
     NotYet("Merging Database schemas");
 }
 
-void ReadCOOLGenModel(QWidget* /*main*/) {
-    NotYet("Reading a COOL:Gen model");
+void ReadCOOLGenModel(QWidget* main) {
+    frmNewCOOLGen(main).exec();
 }
 
-void ReadCaseWeaverFile(QWidget* /*main*/) {
-    NotYet("Reading a Case Weaver file");
+void ReadCaseWeaverFile(QWidget* main) {
+    frmCaseWeaver(main).exec();
 }
 
-void ReadSheetWeaverFile(QWidget* /*main*/) {
-    NotYet("Reading a Sheet Weaver file");
+void ReadSheetWeaverFile(QWidget* main) {
+    frmSheetWeaver(main).exec();
 }
 
 void EditScenario(QWidget* /*main*/) {

@@ -34,7 +34,7 @@ class DatabaseConnectionTest : public ScreenTest {
         QTest::qWait(10);
     }
     std::string ShopFile() {
-        return MakeEmbedded(folder.Path("files/shop.mdb"), ReadFile(VELLUMARK_SAMPLES "/shop.sql"));
+        return MakeEmbedded(folder.Path("files/shop.mdb"), ReadFile(Sample("shop.sql")));
     }
     // The string as it is, behind what the screen shows of it.
     static std::string String(const QWidget& form) {

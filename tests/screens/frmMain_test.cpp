@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <set>
 
+#include "embedded.h"
 #include "platform/screens/qtText.h"
 #include "repository/addresses.h"
 #include "repository/modSequentialFileServices.h"
@@ -241,9 +242,50 @@ TEST_F(FrmMainTest, ShowsTheOpenSchemaAndForgetsItAtClose) {
     EXPECT_EQ(Entries(*window, "lvwInsertTSO") + Entries(*window, "lvwDeleteTSO"), "");
     auto& hint = dynamic_cast<QLabel&>(*List(*window, "lvwInsertTSO").currentWidget());
     EXPECT_TRUE(hint.text().contains("No Database schema is open."));
-    const QSignalSpy opened(&Child<QAction>(*window, "ID_Open"), &QAction::triggered);
+    WhenShown("frmDatabaseOpen", [](QWidget& list) { Press(list, Qt::Key_Return); });
     emit hint.linkActivated("ID_Open");
-    EXPECT_EQ(opened.size(), 1);
+    EXPECT_EQ(TextOf(*window, "lblDBNameVal"), "Shop");
+}
+
+TEST_F(FrmMainTest, ASchemaIsReadTargetedDeletedAndTypedAnew) {
+    frmMain window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const std::string file = MakeEmbedded(folder.Path("bank.mdb"), "create table Account (Id integer);");
+    WhenShown("frmDatabaseConnection", [&](QWidget& form) {
+        Type(form, "txtName", "Bank");
+        Type(form, "txtDescription", "All accounts");
+        Type(form, "txtMDB", file);
+        Click(form, "cmdOK");
+    });
+    RunCommand(window, "ID_NewDB");
+    EXPECT_EQ(TextOf(window, "lblDBNameVal") + "|" + TextOf(window, "lblDBDescriptionVal"),
+              "Bank|All accounts");
+    EXPECT_EQ(Entries(window, "lvwInsertTSO"), "[Scenario to create data]");
+
+    WhenShown("frmDatabaseConnection", [&](QWidget& form) {
+        EXPECT_EQ(FromQt(form.windowTitle()), "Target Database Connection Details");
+        Press(form, Qt::Key_Return);
+    });
+    RunCommand(window, "ID_CONTarget");
+    EXPECT_EQ(TextOf(window, "lblStatus"), "Target Database: Connected");
+
+    recorder.yesNoAnswers = {true};
+    WhenShown("frmDatabaseOpen", [](QWidget& list) {
+        Click(list, "cmdOK");
+        Click(list, "cmdCancel");
+    });
+    RunCommand(window, "ID_DBDelete");
+    EXPECT_EQ(TextOf(window, "lblDBNameVal") + TextOf(window, "lblStatus"), "Target Database: Disconnected");
+    recorder.Take();
+
+    recorder.promptAnswers = {"By hand"};
+    WhenShown("frmDBSMaintenance", [](QWidget& editor) { Press(editor, Qt::Key_Escape); });
+    RunCommand(window, "ID_DBSNew");
+    EXPECT_EQ(TextOf(window, "lblDBNameVal"), "By hand");
+    WhenShown("frmNewCOOLGen", [](QWidget& form) { Press(form, Qt::Key_Escape); });
+    RunCommand(window, "ID_NewCOOLGen");
+    EXPECT_EQ(TextOf(window, "lblDBNameVal"), "By hand");
 }
 
 TEST_F(FrmMainTest, ListsSelectAndOpenScenarios) {
@@ -427,14 +469,15 @@ TEST_F(FrmMainTest, SisterWordsOpenTheirFile) {
     const struct {
         std::array<std::string, 2> words;
         const char* opened;
+        const char* screen;
     } cases[] = {
-        {{"", ""}, ""},
-        {{"CW", ""}, "ID_CaseWeaver"},
-        {{"/x.ini", "CW"}, "ID_CaseWeaver"},
-        {{"SW", ""}, "ID_SheetWeaver"},
-        {{"CW", "SW"}, "ID_CaseWeaver"},
-        {{"SW", "CW"}, "ID_CaseWeaver"},
-        {{"cw", "xSW"}, ""},
+        {{"", ""}, "", ""},
+        {{"CW", ""}, "ID_CaseWeaver", "frmCaseWeaver"},
+        {{"/x.ini", "CW"}, "ID_CaseWeaver", "frmCaseWeaver"},
+        {{"SW", ""}, "ID_SheetWeaver", "frmSheetWeaver"},
+        {{"CW", "SW"}, "ID_CaseWeaver", "frmCaseWeaver"},
+        {{"SW", "CW"}, "ID_CaseWeaver", "frmCaseWeaver"},
+        {{"cw", "xSW"}, "", ""},
     };
     for (const auto& c : cases) {
         CommandWords = c.words;
@@ -443,6 +486,8 @@ TEST_F(FrmMainTest, SisterWordsOpenTheirFile) {
         for (const char* key : {"ID_CaseWeaver", "ID_SheetWeaver"})
             QObject::connect(&Child<QAction>(window, key), &QAction::triggered, &window,
                              [&opened, key] { opened += key; });
+        if (*c.opened != '\0')
+            WhenShown(c.screen, [](QWidget& screen) { Press(screen, Qt::Key_Escape); });
         window.show();
         QCoreApplication::processEvents();
         EXPECT_EQ(opened, c.opened) << c.words[0] << "," << c.words[1];

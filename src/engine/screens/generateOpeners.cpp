@@ -1,11 +1,12 @@
 #include "engine/screens/generateOpeners.h"
 
 #include "platform/dialogs.h"
+#include "schema/screens/frmDatabaseConnection.h"
 
 namespace vellumark {
 
-void OpenTargetConnection(QWidget* /*parent*/) {
-    platform::ShowInformation("The screen of Database Connections is not part of this version yet.");
+void OpenTargetConnection(QWidget* parent) {
+    frmDatabaseConnection(kConnectTarget, parent).exec();
 }
 
 void OpenTargetData(QWidget* /*parent*/) {
