@@ -11,6 +11,7 @@
 #include "repository/modSequentialFileServices.h"
 #include "scenario/modSchemaLifecycle.h"
 #include "scenario/modTestScenarioMaintenance.h"
+#include "schema/modDatabaseConnection.h"
 
 namespace vellumark {
 
