@@ -9,9 +9,9 @@
 #include "repository/screens/frmOptions.h"
 #include "scenario/modNewSchema.h"
 #include "scenario/screens/frmCNVMaintenance.h"
-#include "scenario/screens/frmParentChildDiagram.h"
 #include "scenario/screens/frmTSOSelectTables.h"
 #include "scenario/screens/frmVLEMaintenance.h"
+#include "scenario/screens/modRefreshForms.h"
 #include "schema/screens/frmCaseWeaver.h"
 #include "schema/screens/frmDBSMaintenance.h"
 #include "schema/screens/frmDatabaseConnection.h"
@@ -91,22 +91,20 @@ void ReadSheetWeaverFile(QWidget* main) {
     frmSheetWeaver(main).exec();
 }
 
-void EditScenario(QWidget* /*main*/) {
-    NotYet("The Scenario editor");
+void EditScenario(QWidget* main) {
+    ShowRuleScreen(main);
 }
 
 void SetForeignKeys(QWidget* main) {
-    frmParentChildDiagram diagram(main);
-    diagram.OnGenerate([main] { GenerateData(main); });
-    diagram.exec();
+    ShowParentChildDiagram(main);
 }
 
 void SelectTables(QWidget* main) {
     frmTSOSelectTables(main).exec();
 }
 
-void GenerateData(QWidget* /*main*/) {
-    NotYet("The screen for generating data");
+void GenerateData(QWidget* main) {
+    ShowGenerateData(main);
 }
 
 void ViewTargetData(QWidget* /*main*/) {

@@ -12,6 +12,7 @@
 #include "schema/screens/connectionStringEdit.h"
 #include "schema/screens/frmDataLink.h"
 #include "screen_test.h"
+#include "test_files.h"
 
 namespace vellumark::test {
 

@@ -32,20 +32,16 @@ constexpr std::array kFiles = {
     vellumark::test::ShootMainScreens,
     vellumark::test::ShootPlatformScreens,
     vellumark::test::ShootRepositoryScreens,
-    vellumark::test::ShootPatternScreens,
     vellumark::test::ShootConnections,
     vellumark::test::ShootSchemaList,
     vellumark::test::ShootGridWeaver,
     vellumark::test::ShootSchemaEditor,
+    vellumark::test::ShootRuleScreen,
+    vellumark::test::ShootTableScreens,
+    vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenericValues,
     vellumark::test::ShootForeignKeys,
-    vellumark::test::ShootColumnDetails,
     vellumark::test::ShootGenerateData,
-    vellumark::test::ShootTableScreens,
-    vellumark::test::ShootPlatformScreens, vellumark::test::ShootRuleScreen,
-    vellumark::test::ShootSchemaEditor,    vellumark::test::ShootGenericValues,
-    vellumark::test::ShootForeignKeys,     vellumark::test::ShootPatternScreens,
-    vellumark::test::ShootColumnDetails,   vellumark::test::ShootGenerateData,
 };
 // clang-format on
 
