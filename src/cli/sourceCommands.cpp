@@ -82,7 +82,11 @@ bool SetSource(const SourceWords& words) {
             return false;
         details.connection = *connection;
     }
-    return fSaveValueSource(details, *rule);
+    if (!fSaveValueSource(details, *rule))
+        return false;
+    if (details.type == 'V')
+        WarnOfCategoryType(details.categoryId, rule->dataType);
+    return true;
 }
 
 bool Connect(const std::string& schema, const ConnectionWords& words) {

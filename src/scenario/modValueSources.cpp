@@ -14,32 +14,46 @@ namespace {
 
 constexpr int kNoEnd = 999999999;
 
-bool fRefuse(const char* message) {
+// The field at fault, behind its message.
+ValueSourceField Fault(ValueSourceField field, const char* message) {
     platform::ShowExclamation(message);
-    return false;
+    return field;
 }
 
-bool fBoundsOK(int start, int end) {
+ValueSourceField BoundsFault(int start, int end, ValueSourceField field) {
     if (end == 0 && start >= 0)
-        return true;
+        return ValueSourceField::None;
     if (start > end)
-        return fRefuse("Start number must be less than or equal to end number");
-    return start > 0 || fRefuse("Please enter a start number greater than zero");
+        return Fault(field, "Start number must be less than or equal to end number");
+    return start > 0 ? ValueSourceField::None : Fault(field, "Please enter a start number greater than zero");
 }
 
 bool IsFile(char type) {
     return type == 'D' || type == 'P' || type == 'X';
 }
 
-bool fOriginOK(const ValueSourceDetails& details) {
+ValueSourceField NumberFault(const ValueSourceDetails& details) {
+    const auto columns = BoundsFault(details.startColumn, details.endColumn, ValueSourceField::StartColumn);
+    if (columns != ValueSourceField::None)
+        return columns;
+    const auto rows = BoundsFault(details.startRow, details.endRow, ValueSourceField::StartRow);
+    if (rows != ValueSourceField::None)
+        return rows;
+    constexpr const char* kNegative = "Please enter a number equal to or greater than 0";
+    if (details.interval < 0)
+        return Fault(ValueSourceField::Interval, kNegative);
+    return details.hold < 0 ? Fault(ValueSourceField::Hold, kNegative) : ValueSourceField::None;
+}
+
+ValueSourceField OriginFault(const ValueSourceDetails& details) {
     if (details.type == 'O' && (details.connection.table.empty() || details.connection.column.empty()))
-        return fRefuse("Please enter the database connection details");
+        return Fault(ValueSourceField::Connection, "Please enter the database connection details");
     if (details.type == 'V' && details.categoryId == 0)
-        return fRefuse("Please select a Vellumark Category of Values");
+        return Fault(ValueSourceField::Category, "Please select a Vellumark Category of Values");
     std::error_code ignored;
     if (IsFile(details.type) && !std::filesystem::is_regular_file(details.path, ignored))
-        return fRefuse("Please select a valid input file name and path.");
-    return true;
+        return Fault(ValueSourceField::Path, "Please select a valid input file name and path.");
+    return ValueSourceField::None;
 }
 
 std::string_view CodesWithoutWarning(DataType type) {
@@ -79,17 +93,6 @@ std::string_view CategoryTypeWord(char code) {
     }
 }
 
-void WarnOfCategoryType(int categoryId, DataType columnType) {
-    ValuesScope values;
-    const std::string type =
-        dao::ToText(ValuesDatabase.Lookup("select [Data Type] from [Category] where [Id] = ?", {categoryId}));
-    const char code = type.empty() ? 'C' : type.front();
-    if (CodesWithoutWarning(columnType).find(code) == std::string_view::npos)
-        platform::ShowInformation("You have selected a Category of '" + std::string(CategoryTypeWord(code)) +
-                                  "' datatype for a Column with '" + std::string(DataTypeName(columnType)) +
-                                  "' datatype!");
-}
-
 dao::Recordset SourceRow(const ColumnRuleDetails& rule) {
     return RepositoryDatabase.OpenRecordset(
         "select * from [Value Source] where [FK DBS Id] = ? and [FK TSO Id] = ? and [FK TTR Id] = ? and [FK "
@@ -98,17 +101,23 @@ dao::Recordset SourceRow(const ColumnRuleDetails& rule) {
         {CurrentDBSId, CurrentTSOId, rule.tableRuleId, rule.ruleId, rule.tableId, rule.columnId});
 }
 
-// The source's own connection: kept, made or removed as the kind of source needs.
+void DeleteConnectionRow(int id) {
+    RepositoryDatabase.Execute("delete * from [Database Connection] where [Id] = ?", {id});
+}
+
+// The row of the source's own connection: kept, made or removed as the kind of source needs. `existing` is
+// what the stored source has.
 int StoreConnection(const ValueSourceDetails& details, int existing) {
-    if (details.type != 'O') {
-        RepositoryDatabase.Execute("delete * from [Database Connection] where [Id] = ?", {existing});
+    const int chosen = details.type == 'O' ? details.connectionId : 0;
+    if (existing > 0 && existing != chosen && (details.type != 'O' || chosen > 0))
+        DeleteConnectionRow(existing);
+    if (details.type != 'O')
         return 0;
-    }
     ConnectionDetails connection = details.connection;
     connection.description = ValueDescription(connection);
-    if (existing > 0) {
-        UpdateConnection(existing, connection);
-        return existing;
+    if (const int id = chosen > 0 ? chosen : existing; id > 0) {
+        UpdateConnection(id, connection);
+        return id;
     }
     const int id = NextConnectionId();
     AddConnection(id, connection);
@@ -148,8 +157,83 @@ void SetFields(dao::Recordset& row, const ValueSourceDetails& details) {
         .Set("Status", "");
 }
 
-void Store(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
-    RepositoryScope repository;
+char CodeIn(const dao::Recordset& row, std::string_view field, char fallback) {
+    const std::string text = row.Text(field);
+    return text.empty() ? fallback : text.front();
+}
+
+// A number that may be left blank.
+int NumberIn(const dao::Recordset& row, std::string_view field, int blank) {
+    return row.Text(field).empty() ? blank : row.Long(field);
+}
+
+ValueSourceDetails DetailsOf(const dao::Recordset& row) {
+    ValueSourceDetails details;
+    const char type = CodeIn(row, "Type", 'V');
+    details.type = std::string_view("VDPXO").find(type) == std::string_view::npos ? 'V' : type;
+    details.categoryId = row.Long("FK CAT Id");
+    details.conversionId = row.Long("FK CNV Id");
+    details.path = row.Text("Name and Path");
+    details.sheet = row.Text("Sheet");
+    details.startColumn = NumberIn(row, "Start from Column", 1);
+    details.endColumn = NumberIn(row, "End at Column", kNoEnd);
+    details.columnTerminator = row.Text("Column end Cell");
+    details.startRow = NumberIn(row, "Start from Row", 1);
+    details.endRow = NumberIn(row, "End at Row", kNoEnd);
+    details.rowTerminator = row.Text("Row end Cell");
+    details.fieldNumber = NumberIn(row, "Delimited Field Number", 1);
+    details.delimiter = row.Text("Delimiter");
+    details.interval = NumberIn(row, "File Read Interval", 1);
+    details.order = CodeIn(row, "Read File Order", 'R');
+    details.hold = NumberIn(row, "File Read Hold Frequency", 1);
+    details.quotes = CodeIn(row, "Code Input Value In Quotes", 'D');
+    details.atEnd = CodeIn(row, "If End of File", 'L');
+    details.inputPattern = row.Text("Code Input Datetime Edit Pattern");
+    details.connectionId = row.Long("FK CON Id");
+    details.connection = ReadConnection(details.connectionId).value_or(ConnectionDetails{});
+    return details;
+}
+
+}  // namespace
+
+void SetSourceKind(ValueSourceDetails& details, char type) {
+    details.type = type;
+    details.startRow = 1;
+    details.endRow = kNoEnd;
+    details.startColumn = type == 'P' || type == 'X' ? 1 : 0;
+    details.endColumn = type == 'X' ? kNoEnd : 0;
+    details.fieldNumber = type == 'D' ? 1 : 0;
+}
+
+std::optional<ValueSourceDetails> ReadValueSource(const ColumnRuleDetails& rule) {
+    const RepositoryScope repository;
+    const dao::Recordset row = SourceRow(rule);
+    if (row.IsEOF())
+        return std::nullopt;
+    return DetailsOf(row);
+}
+
+ValueSourceField FaultyField(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
+    if (fColumnHasDependency(rule.scenarioId, rule.tableRuleId, rule.tableId, rule.columnId))
+        return Fault(ValueSourceField::Column, kResolvedByParent);
+    if (rule.dataType == DataType::Boolean || rule.dataType == DataType::Blob)
+        return Fault(ValueSourceField::Column, "A Boolean or Blob column takes no alternate data source.");
+    const ValueSourceField number = NumberFault(details);
+    return number == ValueSourceField::None ? OriginFault(details) : number;
+}
+
+void WarnOfCategoryType(int categoryId, DataType columnType) {
+    ValuesScope values;
+    const std::string type =
+        dao::ToText(ValuesDatabase.Lookup("select [Data Type] from [Category] where [Id] = ?", {categoryId}));
+    const char code = type.empty() ? 'C' : type.front();
+    if (CodesWithoutWarning(columnType).find(code) == std::string_view::npos)
+        platform::ShowInformation("You have selected a Category of '" + std::string(CategoryTypeWord(code)) +
+                                  "' datatype for a Column with '" + std::string(DataTypeName(columnType)) +
+                                  "' datatype!");
+}
+
+void StoreValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
     dao::Transaction transaction(RepositoryDatabase);
     dao::Recordset row = SourceRow(rule);
     const int connectionId = StoreConnection(details, row.IsEOF() ? 0 : row.Long("FK CON Id"));
@@ -170,38 +254,12 @@ void Store(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
     transaction.Commit();
 }
 
-}  // namespace
-
-void SetSourceKind(ValueSourceDetails& details, char type) {
-    details.type = type;
-    details.startRow = 1;
-    details.endRow = kNoEnd;
-    details.startColumn = type == 'P' || type == 'X' ? 1 : 0;
-    details.endColumn = type == 'X' ? kNoEnd : 0;
-    details.fieldNumber = type == 'D' ? 1 : 0;
-}
-
-bool fValidateValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
-    if (fColumnHasDependency(rule.scenarioId, rule.tableRuleId, rule.tableId, rule.columnId))
-        return fRefuse(kResolvedByParent);
-    if (rule.dataType == DataType::Boolean || rule.dataType == DataType::Blob)
-        return fRefuse("A Boolean or Blob column takes no alternate data source.");
-    if (!fBoundsOK(details.startColumn, details.endColumn) || !fBoundsOK(details.startRow, details.endRow))
-        return false;
-    if (details.interval < 0 || details.hold < 0)
-        return fRefuse("Please enter a number equal to or greater than 0");
-    if (!fOriginOK(details))
-        return false;
-    if (details.type == 'V')
-        WarnOfCategoryType(details.categoryId, rule.dataType);
-    return true;
-}
-
 bool fSaveValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule) {
     try {
-        if (!fValidateValueSource(details, rule))
+        if (FaultyField(details, rule) != ValueSourceField::None)
             return false;
-        Store(details, rule);
+        const RepositoryScope repository;
+        StoreValueSource(details, rule);
         return true;
     } catch (const platform::Error& error) {
         platform::ShowUnexpectedError("storing the alternate data source", error);

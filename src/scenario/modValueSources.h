@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "scenario/modColumnRules.h"
@@ -31,16 +32,39 @@ struct ValueSourceDetails {
     char atEnd = 'L';
     std::string inputPattern;
     ConnectionDetails connection;  // of a database source, with its table and column
+    int connectionId = 0;          // of its row; 0 while it has none
 };
+
+// The source of that rule; nothing when it has none.
+std::optional<ValueSourceDetails> ReadValueSource(const ColumnRuleDetails& rule);
 
 // The bounds that the screen shows when a kind of source is chosen.
 void SetSourceKind(ValueSourceDetails& details, char type);
 
-// Shows what is wrong with the source and returns false, or returns true. A Category whose values are of
-// another type than the column's is told, and passes.
-bool fValidateValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule);
+enum class ValueSourceField {
+    None,
+    StartColumn,
+    StartRow,
+    Interval,
+    Hold,
+    Path,
+    Category,
+    Connection,
+    Column
+};
 
-// Validates and stores the source and makes the rule take its values from it. False leaves what is stored.
+// The first field at fault, behind a message that says what is wrong; Column when the rule's column takes no
+// source at all.
+ValueSourceField FaultyField(const ValueSourceDetails& details, const ColumnRuleDetails& rule);
+
+// Tells the user when the values of a Category are of another type than the column's. The choice stands.
+void WarnOfCategoryType(int categoryId, DataType columnType);
+
+// Stores a source without fault and makes the rule take its values from it. Needs an open Repository; throws
+// platform::Error.
+void StoreValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule);
+
+// Validates and stores the source. False, behind a message, leaves what is stored.
 bool fSaveValueSource(const ValueSourceDetails& details, const ColumnRuleDetails& rule);
 
 }  // namespace vellumark

@@ -170,7 +170,9 @@ TEST_F(ColumnRuleTest, SourcesAreCheckedAndStored) {
     EXPECT_EQ(Count("Value Source"), 1);
     EXPECT_EQ(recorder.Take(), "");
 
-    ASSERT_TRUE(fSaveValueSource(details, *ReadColumnRule(ruleId, "Num")));
+    EXPECT_EQ(ReadValueSource(*rule)->categoryId, details.categoryId);
+    WarnOfCategoryType(details.categoryId, DataType::Character);
+    WarnOfCategoryType(details.categoryId, DataType::Integer);
     EXPECT_EQ(recorder.Take(),
               "information: You have selected a Category of 'Character' datatype for a Column with "
               "'Integer' datatype!");

@@ -30,6 +30,7 @@ void ShootPlatformScreens(const Album& album);
 void ShootConnections(const Album& album);
 void ShootSchemaList(const Album& album);
 void ShootGridWeaver(const Album& album);
+void ShootValueSource(const Album& album);
 void ShootSchemaEditor(const Album& album);
 void ShootGenericValues(const Album& album);
 void ShootForeignKeys(const Album& album);

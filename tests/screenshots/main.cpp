@@ -42,6 +42,7 @@ constexpr std::array kFiles = {
     vellumark::test::ShootGenericValues,
     vellumark::test::ShootForeignKeys,
     vellumark::test::ShootGenerateData,
+    vellumark::test::ShootValueSource,
 };
 // clang-format on
 

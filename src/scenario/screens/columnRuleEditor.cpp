@@ -18,6 +18,7 @@
 #include "scenario/modDependencies.h"
 #include "scenario/modRuleSelection.h"
 #include "scenario/screens/codeLists.h"
+#include "scenario/screens/frmValueSource.h"
 #include "scenario/screens/momentField.h"
 #include "ui_columnOutput.h"
 #include "ui_columnOverride.h"
@@ -79,12 +80,6 @@ class ScenarioInHand {
  private:
     int before_;
 };
-
-// True when the user has chosen a Value Source for the current Column rule.
-bool ChooseValueSource(QWidget* /*parent*/) {
-    platform::ShowInformation("The screen of alternate data sources is not part of this version yet.");
-    return false;
-}
 
 }  // namespace
 
@@ -511,7 +506,9 @@ void ColumnRuleEditor::ChooseEditPattern() {
 
 void ColumnRuleEditor::fDisplay_frmValueSource() {
     const ScenarioInHand scenario(RuleScenarioId);
-    if (ChooseValueSource(details_.window()) && onSourceChanged_)
+    if (!rule_ || frmValueSource(*rule_, details_.window()).exec() != QDialog::Accepted)
+        return;
+    if (onSourceChanged_)
         onSourceChanged_();
 }
 
