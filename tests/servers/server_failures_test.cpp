@@ -6,6 +6,7 @@
 #include "repository/modVellumark.h"
 #include "scenario/modNewSchema.h"
 #include "scenario/modSchemaLifecycle.h"
+#include "schema/modDatabaseConnection.h"
 #include "servers.h"
 #include "session.h"
 
