@@ -218,7 +218,7 @@ TEST_F(ValueSourceTest, AnotherDatabaseIsConnectedThroughItsScreen) {
     const auto choose = [&](bool accept) {
         WhenShown("frmDatabaseConnection", [&, accept](QWidget& connection) {
             EXPECT_EQ(connection.windowTitle(), "Select Database Source for: CUSTOMER lastname");
-            Type(connection, "txtMDBFile", file);
+            Type(connection, "txtMDB", file);
             Click(connection, "cmdRefresh");
             Choose(connection, "cboTable", "Supplier");
             Choose(connection, "cboColumn", "Name");

@@ -249,11 +249,11 @@ bool frmValueSource::OpenExcel() {
     const std::string path = FromQt(ui_->txtNamePath->text());
     const QString named = ui_->txtExcel->currentText();
     try {
+        const std::unique_ptr<platform::Workbook> workbook = platform::OpenWorkbook(path);
         ui_->txtExcel->clear();
-        for (const std::string& sheet : platform::OpenWorkbook(path)->SheetNames())
+        for (const std::string& sheet : workbook->SheetNames())
             ui_->txtExcel->addItem(ToQt(sheet));
     } catch (const platform::Error& error) {
-        ui_->txtExcel->setCurrentText(named);
         platform::ShowExclamation("Cannot open the Input Value Excel Spreadsheet: " + path + "\n\n" +
                                   error.Description());
         return false;
