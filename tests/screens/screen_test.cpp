@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTimer>
 
 #include "embedded.h"
@@ -75,6 +76,14 @@ void ScreenTest::WhenShown(const std::string& name, std::function<void(QWidget&)
     expected_.push_back({name, std::move(act)});
     if (expected_.size() == 1)
         QTimer::singleShot(0, [this] { LookForScreen(); });
+}
+
+// A screen that a failed check leaves open would hold up the run.
+void ScreenTest::Act(const std::function<void(QWidget&)>& act, QWidget& screen) {
+    const QPointer<QWidget> shown(&screen);
+    act(screen);
+    if (HasFailure() && shown != nullptr)
+        shown->close();
 }
 
 void ScreenTest::LookForScreen() {

@@ -48,6 +48,7 @@ class ScreenTest : public SessionTest {
 
  private:
     void LookForScreen();
+    static void Act(const std::function<void(QWidget&)>& act, QWidget& screen);
 
     struct Expected {
         std::string name;
