@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <gmock/gmock.h>
 
 #include "embedded.h"
 #include "grid_cells.h"

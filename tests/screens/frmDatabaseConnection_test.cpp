@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <filesystem>
+#include <gmock/gmock.h>
 
 #include "embedded.h"
 #include "repository/modVellumark.h"

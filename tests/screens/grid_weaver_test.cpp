@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <dlfcn.h>
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <sqlite3.h>
 
 #include "model_files.h"
