@@ -203,7 +203,7 @@ void frmDatabaseConnection::ShowTableAndColumn() {
 void frmDatabaseConnection::BrowseMDB() {
     const std::optional<std::string> file =
         CurrentFilePicker().Open(this, {"Select MDB File", "mdb (*.mdb)|*.mdb|All files (*.*)|*.*",
-                                        PickerStart(*ui_->txtMDB, "Dir Jet MDB")});
+                                        PickerStart(*ui_->txtMDB, &OptionsRecord::dirJet)});
     if (!file)
         return;
     TypeField(details_, &ConnectionDetails::mdbFile, *file);

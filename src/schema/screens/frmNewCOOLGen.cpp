@@ -39,7 +39,7 @@ void frmNewCOOLGen::EnableDisable() {
 void frmNewCOOLGen::Browse() {
     const std::optional<std::string> file = CurrentFilePicker().Open(
         this, {"Select COOL:Gen model", "IEF0000.dat|IEF0000.DAT|All files (*.*)|*.*",
-               PickerStart(*ui_->txtModel, "Dir COOLGen Models")});
+               PickerStart(*ui_->txtModel, &OptionsRecord::dirCOOLGen)});
     if (file)
         ui_->txtModel->setText(ToQt(*file));
 }

@@ -2,11 +2,12 @@
 
 #include <QLineEdit>
 #include <string>
-#include <string_view>
+
+#include "repository/modOptionsMaintenance.h"
 
 namespace vellumark {
 
-// Where a file dialog starts: at the file that the field names, else in the folder of that option.
-std::string PickerStart(const QLineEdit& field, std::string_view option);
+// Where a file dialog starts: at the file that the field names, else in that folder of the options.
+std::string PickerStart(const QLineEdit& field, std::string OptionsRecord::*folder);
 
 }  // namespace vellumark
