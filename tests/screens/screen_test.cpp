@@ -29,16 +29,6 @@ QWidget& Usable(const QObject& form, const char* name) {
     return widget;
 }
 
-// A screen that the test can't use is closed, or its event loop would go on for ever.
-void Act(const std::function<void(QWidget&)>& act, QWidget& screen) {
-    try {
-        act(screen);
-    } catch (const std::exception& error) {
-        ADD_FAILURE() << FromQt(screen.objectName()) << ": " << error.what();
-        screen.close();
-    }
-}
-
 }  // namespace
 
 std::optional<std::string> RecordedPicker::Answer(const FilePickerRequest& request) {
