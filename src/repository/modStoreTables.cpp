@@ -126,7 +126,7 @@ StoreTable TableRuleTable() {
             {Long("Id"), Long("FK DBS Id"), Long("FK TSO Id"), Long("FK TAB Id"), Long("Sort Order"),
              Long("Start Range"), Long("End Range"), Long("Quantity"), Flag("Flag Use Generated Data"),
              Long("Retry Count Data Unique"), Code("Range order"), Code("Status")},
-            {"[FK DBS Id], [FK TSO Id], [Id]", "[FK DBS Id], [FK TSO Id], [FK TAB Id]"}};
+            {"[FK DBS Id], [FK TSO Id], [Id]", "[FK DBS Id], [FK TAB Id], [FK TSO Id]"}};
 }
 
 StoreTable ColumnRuleTable() {
@@ -156,7 +156,7 @@ StoreTable ColumnRuleTable() {
              Code("Char Output Textfile in Quotes"),
              Code("Status")},
             {"[FK DBS Id], [FK TSO Id], [FK TTR Id], [Id]",
-             "[FK DBS Id], [FK TSO Id], [FK TAB Id], [FK COL Id]"}};
+             "[FK DBS Id], [FK TAB Id], [FK COL Id], [FK TSO Id]"}};
 }
 
 StoreTable DeleteRuleTable() {
