@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace vellumark::platform {
 
@@ -17,6 +18,11 @@ class OutputFile {
     OutputFile& operator=(const OutputFile&) = delete;
 
     std::string& Buffer() { return buffer_; }
+    // The text with the line end of written files behind it: CR LF.
+    void AddLine(std::string_view text) {
+        buffer_.append(text).append("\r\n");
+        WriteWhenFull();
+    }
     void WriteWhenFull() {
         if (buffer_.size() >= kBlockSize)
             Flush();
