@@ -69,8 +69,7 @@ std::string WantedEditor(bool force) {
     return editor.empty() ? std::string(kDefaultEditor) : editor;
 }
 
-void StartEditor(const std::string& editor, const std::string& path) {
-    std::vector<std::string> command = EditorCommand(editor);
+void StartWith(std::vector<std::string> command, const std::string& path) {
     // An editor may make a new file; the desktop's opener fails where nobody sees it.
     if (command[0] == kDesktopOpener && !platform::FileExists(path))
         throw platform::Error(platform::kFileNotFound, "File not found: '" + path + "'");
@@ -78,6 +77,14 @@ void StartEditor(const std::string& editor, const std::string& path) {
     const std::string absolute = std::filesystem::absolute(path, error).string();
     command.push_back(error ? path : absolute);
     ProgramStarter(command);
+}
+
+// A store that is written over takes all schemas or all values with it.
+bool IsStore(std::string_view path) {
+    const std::string file = platform::PlatformPath(path);
+    std::error_code error;
+    return std::filesystem::equivalent(file, RepositoryPath, error) ||
+           std::filesystem::equivalent(file, ValuesPath, error);
 }
 
 // The guide lies beside a program that runs from its own folder, else in the shared data of the system.
@@ -102,6 +109,10 @@ bool fFileExists(std::string_view path) {
 bool fFileReplaceOK(std::string_view path) {
     if (path.empty()) {
         platform::ShowExclamation("Please enter name and path for the text file");
+        return false;
+    }
+    if (IsStore(path)) {
+        platform::ShowExclamation(std::string(path) + " is a store of Vellumark and cannot be replaced.");
         return false;
     }
     return !fFileExists(path) ||
@@ -207,9 +218,18 @@ void OpenFileWithEditor(std::string_view path, bool force) {
     try {
         const std::string editor = WantedEditor(force);
         if (!editor.empty())
-            StartEditor(editor, platform::PlatformPath(path));
+            StartWith(EditorCommand(editor), platform::PlatformPath(path));
     } catch (const platform::Error& error) {
         platform::ShowExclamation("Cannot open the file in the text editor: " + std::string(path) + "\n\n" +
+                                  error.Line());
+    }
+}
+
+void OpenFileWithViewer(std::string_view path) {
+    try {
+        StartWith({std::string(kDesktopOpener)}, platform::PlatformPath(path));
+    } catch (const platform::Error& error) {
+        platform::ShowExclamation("Cannot open the file in the viewer: " + std::string(path) + "\n\n" +
                                   error.Line());
     }
 }

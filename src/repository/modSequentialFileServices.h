@@ -17,7 +17,7 @@ inline std::function<void(const std::vector<std::string>& command)> ProgramStart
 
 // A folder is no file. Shows nothing.
 bool fFileExists(std::string_view path);
-// Asks before an existing file is replaced.
+// Asks before an existing file is replaced. The two stores never are.
 bool fFileReplaceOK(std::string_view path);
 // Copies under the same name, over an older file.
 bool Copy_File(std::string_view fileName, std::string_view sourceDir, std::string_view destinationDir);
@@ -46,6 +46,9 @@ NumberDigits GetNumberDigits(std::string_view text, char decimalPoint = DecimalP
 // Opens the file in the editor of [Options] when the user wants that of written files, or always by `force`.
 // The desktop's choice takes the place of an editor that is not installed.
 void OpenFileWithEditor(std::string_view path, bool force);
+
+// Opens the file in the program that the desktop has for its kind.
+void OpenFileWithViewer(std::string_view path);
 
 enum class HelpTopic { Contents = 1, Search = 2, HelpOnHelp = 3 };
 void ShowHelp(HelpTopic what);

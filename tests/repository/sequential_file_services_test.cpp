@@ -49,6 +49,15 @@ TEST_F(FileServices, AsksBeforeReplacing) {
     EXPECT_EQ(boxes_.Take(), question + "|" + question);
 }
 
+TEST_F(FileServices, NeverReplacesAStore) {
+    RepositoryPath = folder_.Write("Vellumark.mdb", "x");
+    ValuesPath = folder_.Write("Vellumark Values.mdb", "x");
+    for (const std::string& path : {folder_.Path("./Vellumark.mdb"), ValuesPath}) {
+        EXPECT_FALSE(fFileReplaceOK(path));
+        EXPECT_EQ(boxes_.Take(), "exclamation: " + path + " is a store of Vellumark and cannot be replaced.");
+    }
+}
+
 TEST_F(FileServices, CopiesOverAnOlderFile) {
     folder_.Write("from/a.txt", "new");
     folder_.Write("to/a.txt", "older and longer");
@@ -272,6 +281,15 @@ TEST_F(Editor, TellsWhyAFileIsNotOpened) {
     Install("xdg-open");
     OpenFileWithEditor(folder_.Path("missing.sql"), true);
     EXPECT_THAT(boxes_.Take(), HasSubstr("Error: 53 File not found: '" + folder_.Path("missing.sql") + "'"));
+}
+
+TEST_F(Editor, OtherFilesOpenInTheDesktopsViewer) {
+    OpenFileWithViewer(file_);
+    EXPECT_THAT(started_, ElementsAre(ElementsAre("xdg-open", file_)));
+    OpenFileWithViewer(folder_.Path("missing.htm"));
+    EXPECT_EQ(boxes_.Take(),
+              "exclamation: Cannot open the file in the viewer: " + folder_.Path("missing.htm") +
+                  "\n\nError: 53 File not found: '" + folder_.Path("missing.htm") + "'");
 }
 
 TEST_F(Editor, HelpShowsThePageOfTheUsersGuide) {
