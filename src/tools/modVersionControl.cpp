@@ -76,6 +76,15 @@ void DeleteFrom(std::string_view table, std::string_view where, const dao::Param
         "delete * from [" + std::string(table) + "] where [FK DBS Id] = ?" + std::string(where), parameters);
 }
 
+// Those of the Value Sources that are about to go.
+void DeleteConnections(std::string_view where, const dao::Parameters& parameters) {
+    RepositoryDatabase.Execute(
+        "delete from [Database Connection] where [Id] in (select [FK CON Id] from [Value Source]"
+        " where [FK CON Id] > 0 and [FK DBS Id] = ?" +
+            std::string(where) + ")",
+        parameters);
+}
+
 std::string CorrectedIncrement(std::string_view dataType, const std::string& increment) {
     const auto oneOf = [&increment](std::string_view codes) {
         return increment.size() == 1 && codes.find(increment) != std::string_view::npos;
@@ -132,6 +141,7 @@ void AddTableToScenarios(int schemaId, int tableId) {
 }
 
 void DeleteTableRules(int schemaId, int tableId) {
+    DeleteConnections(" and [FK TAB Id] = ?", {schemaId, tableId});
     for (const char* table : {"Column", "resolver Test Scenario Table", "TSO Delete Table Rule",
                               "TSO Insert Table Rule", "Value Source", "TSO Insert Column Rule"})
         DeleteFrom(table, " and [FK TAB Id] = ?", {schemaId, tableId});
@@ -161,9 +171,11 @@ void AddColumnToRules(const ColumnKey& key) {
 }
 
 void DeleteColumnRules(const ColumnKey& column) {
+    constexpr std::string_view ofColumn = " and [FK TAB Id] = ? and [FK COL Id] = ?";
+    const dao::Parameters keys{column.schemaId, column.tableId, column.columnId};
+    DeleteConnections(ofColumn, keys);
     for (const char* table : {"Value Source", "TSO Insert Column Rule"})
-        DeleteFrom(table, " and [FK TAB Id] = ? and [FK COL Id] = ?",
-                   {column.schemaId, column.tableId, column.columnId});
+        DeleteFrom(table, ofColumn, keys);
     DeleteColumnDependencies(column);
 }
 
@@ -183,6 +195,14 @@ void CorrectColumnRules(const ColumnKey& key, bool typeChanged) {
         {key.schemaId, key.tableId, key.columnId});
     for (; !rules.IsEOF(); rules.MoveNext())
         CorrectRule(rules, column, typeChanged);
+}
+
+void OrderColumnRules(int schemaId, int tableId) {
+    RepositoryDatabase.Execute(
+        "update [TSO Insert Column Rule] as r set [Sort Order] = c.[Sort Order] from [Column] c"
+        " where r.[FK DBS Id] = ? and r.[FK TAB Id] = ? and c.[FK DBS Id] = r.[FK DBS Id]"
+        " and c.[FK TAB Id] = r.[FK TAB Id] and c.[Id] = r.[FK COL Id]",
+        {schemaId, tableId});
 }
 
 }  // namespace vellumark

@@ -33,4 +33,7 @@ void DeleteColumnDependencies(const ColumnKey& column);
 // is another than before, so that constants no longer fit.
 void CorrectColumnRules(const ColumnKey& column, bool typeChanged);
 
+// Brings the rules of a table's columns into the order of the columns.
+void OrderColumnRules(int schemaId, int tableId);
+
 }  // namespace vellumark
