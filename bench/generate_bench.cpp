@@ -114,7 +114,7 @@ int main(int argc, char** argv) {
     bench::Register(session, "oracle", TargetFormat::Oracle);
     bench::RegisterWorkingRuns(session);
     bench::RegisterSourceRuns(session);
-    bench::RegisterSchemaReads(session);
+    bench::RegisterSchemas(session);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

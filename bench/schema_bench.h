@@ -4,6 +4,6 @@
 
 namespace vellumark::bench {
 
-void RegisterSchemaReads(const Session& session);
+void RegisterSchemas(const Session& session);
 
 }  // namespace vellumark::bench
