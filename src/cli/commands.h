@@ -25,9 +25,11 @@ void AddScenarioCommands(CLI::App& app, CommandLine& line);
 void AddRuleCommands(CLI::App& app, CommandLine& line);
 void AddSourceCommands(CLI::App& app, CommandLine& line);
 void AddRunCommands(CLI::App& app, CommandLine& line, ConsoleDialogs& dialogs);
+void AddToolCommands(CLI::App& app, CommandLine& line);
 
-// Opens the Database schema of that name as the desktop's open screen does; shows a message when there is
-// none.
+// The Id of the Database schema of that name, or 0 behind a message.
+int FindSchema(const std::string& name);
+// Opens it as the desktop's open screen does.
 bool OpenSchemaNamed(const std::string& name);
 bool OpenScenarioNamed(const std::string& name);
 

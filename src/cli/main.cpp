@@ -67,6 +67,7 @@ int Main(int argc, char** argv) {
     AddRuleCommands(app, line);
     AddSourceCommands(app, line);
     AddRunCommands(app, line, dialogs);
+    AddToolCommands(app, line);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

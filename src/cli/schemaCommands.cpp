@@ -43,16 +43,18 @@ void AddNamedCommand(CLI::App& app, CommandLine& line, const char* name, const c
 
 }  // namespace
 
+int FindSchema(const std::string& name) {
+    RepositoryScope repository;
+    const int id =
+        dao::ToLong(RepositoryDatabase.Lookup("select [Id] from [Database] where [Name] = ?", {name}));
+    if (id == 0)
+        platform::ShowExclamation("There is no Database schema '" + name + "'.");
+    return id;
+}
+
 bool OpenSchemaNamed(const std::string& name) {
-    int id = 0;
-    {
-        RepositoryScope repository;
-        id = dao::ToLong(RepositoryDatabase.Lookup("select [Id] from [Database] where [Name] = ?", {name}));
-    }
-    if (id > 0)
-        return OpenSelectedSchema(id);
-    platform::ShowExclamation("There is no Database schema '" + name + "'.");
-    return false;
+    const int id = FindSchema(name);
+    return id > 0 && OpenSelectedSchema(id);
 }
 
 int FindTable(const std::string& name) {
