@@ -19,6 +19,8 @@
 #include "schema/screens/frmDatabaseTree.h"
 #include "schema/screens/frmNewCOOLGen.h"
 #include "schema/screens/frmSheetWeaver.h"
+#include "tools/screens/frmVersionControl.h"
+#include "tools/screens/reportOpeners.h"
 
 namespace vellumark {
 
@@ -60,23 +62,23 @@ void ShowSchemaTree(QWidget* main) {
 }
 
 void ReportSchema(QWidget* /*main*/) {
-    NotYet("The Database Definition report");
+    ShowDefinitionReport();
 }
 
 void ReportTables(QWidget* /*main*/) {
-    NotYet("The List Tables report");
+    ShowTablesReport();
 }
 
 void ShowTableStatistics(QWidget* main) {
     frmTableStatistics(main).exec();
 }
 
-void ControlVersions(QWidget* /*main*/) {
-    NotYet("Version control");
+void ControlVersions(QWidget* main) {
+    frmVersionControl(VersionControlMode::VersionControl, main).exec();
 }
 
-void MergeSchemas(QWidget* /*main*/) {
-    NotYet("Merging Database schemas");
+void MergeSchemas(QWidget* main) {
+    frmVersionControl(VersionControlMode::Merge, main).exec();
 }
 
 void ReadCOOLGenModel(QWidget* main) {

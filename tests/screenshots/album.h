@@ -39,5 +39,6 @@ void ShootColumnDetails(const Album& album);
 void ShootGenerateData(const Album& album);
 void ShootTableScreens(const Album& album);
 void ShootRuleScreen(const Album& album);
+void ShootVersionControl(const Album& album);
 
 }  // namespace vellumark::test

@@ -43,6 +43,8 @@ constexpr std::array kFiles = {
     vellumark::test::ShootForeignKeys,
     vellumark::test::ShootGenerateData,
     vellumark::test::ShootValueSource,
+    vellumark::test::ShootTableScreens,
+    vellumark::test::ShootVersionControl,
 };
 // clang-format on
 
