@@ -63,6 +63,7 @@ std::vector<std::string> PreviewValues(const ValueSourceDetails& details, const 
     try {
         const SessionAside session;
         const RepositoryScope repository;
+        const ValuesScope categories;
         const dao::Transaction neverCommitted(RepositoryDatabase);
         StoreValueSource(details, rule);
         RunOptions options;

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <algorithm>
 
 #include "platform/screens/rowGrid.h"
 #include "repository/modVellumark.h"
@@ -73,6 +74,8 @@ TEST_F(ValueSourceTest, ACategoryIsChosenWarnedOfAndStored) {
             "information: You have selected a Category of 'Character' datatype for a Column with 'Date' "
             "datatype!");
         EXPECT_EQ(TextOf(form, "txtCategory"), "First names");
+        const std::string names = Viewed(form);
+        EXPECT_EQ(std::ranges::count(names, '|'), 99) << names;
         Click(form, "cmdOK");
         EXPECT_FALSE(form.isVisible());
     });
