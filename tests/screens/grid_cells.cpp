@@ -24,7 +24,8 @@ void TypeCell(RowGrid& grid, int row, int column, const std::string& text) {
         QTest::keyClicks(editor, ToQt(text));
     }
     QTest::keyClick(editor, Qt::Key_Return);
-    QTest::qWait(0);
+    // The editor's text reaches the grid through the event queue.
+    EXPECT_TRUE(QTest::qWaitFor([&grid] { return QApplication::focusWidget() == &grid; }));
 }
 
 std::string CellText(const RowGrid& grid, int row, int column) {
