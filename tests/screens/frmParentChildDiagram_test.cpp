@@ -5,12 +5,16 @@
 #include <QGraphicsItem>
 #include <QGraphicsView>
 #include <QLineEdit>
+#include <set>
 
+#include "embedded.h"
 #include "repository/modVellumark.h"
 #include "scenario/modDependencyDiagram.h"
+#include "scenario/modNewSchema.h"
 #include "scenario/modRuleSelection.h"
 #include "scenario/modTTRandRTDmaintenance.h"
 #include "scenario/modTestScenarioMaintenance.h"
+#include "schema/modConnectionString.h"
 #include "screen_test.h"
 
 namespace vellumark::test {
@@ -190,6 +194,38 @@ TEST_F(DiagramTest, ClicksChooseAndMovedBoxesTakeTheirLinks) {
     EXPECT_EQ(TextOf(form, "txtParent3"), "");
     EXPECT_FALSE(IsEnabled(form, "cmdApply"));
     EXPECT_EQ(Boxes(form), (std::vector<std::string>{"Customer (5) Qty: 1|red"}));
+}
+
+TEST_F(DiagramTest, ShowsFiveForeignKeysOneOfThemToItsOwnTable) {
+    ConnectionDetails details;
+    details.schemaName = "Five";
+    details.mdbFile =
+        MakeEmbedded(folder.Path("five.mdb"),
+                     "create table a (id integer primary key);"
+                     "create table node (id integer primary key, up integer references node (id),"
+                     " a1 integer references a (id), a2 integer references a (id),"
+                     " a3 integer references a (id), a4 integer references a (id));");
+    fConnectionString(details);
+    ASSERT_TRUE(fNewSchema({.kind = NewSchemaKind::Connection, .name = "Five", .connection = details}));
+    AddTableRule(2, 1, 8, true);
+    frmParentChildDiagram form;
+    form.show();
+    EXPECT_EQ(Boxes(form).size(), 6U);
+    const QGraphicsScene& scene = *Child<QGraphicsView>(form, "MDraw").scene();
+    std::set<qreal> lefts;
+    for (const QGraphicsItem* item : scene.items())
+        if (const auto* box = dynamic_cast<const QGraphicsRectItem*>(item);
+            box && box->data(kFKCOLName).isValid())
+            lefts.insert(box->rect().left());
+    EXPECT_EQ(lefts, (std::set<qreal>{50, 300, 550, 800, 1050}));
+    Choose(form, "cboFK", "up");
+    EXPECT_EQ(TextOf(form, "txtParent3"), "node");
+    Type(form, "txtParEnd", "2");
+    Type(form, "txtQtyGenerate", "4");
+    Click(form, "cmdApply");
+    EXPECT_EQ(TextOf(form, "txtChildQty"), "8");
+    EXPECT_EQ(Boxes(form)[1], "node up (1-2) Qty: 2|cyan");
+    EXPECT_EQ(Count("TSO Insert Table Rule", "[FK TSO Id] > 0 and [FK DBS Id] = 2 and [FK TAB Id] = 2"), 2);
 }
 
 TEST_F(DiagramTest, WithoutRulesItSaysSo) {
