@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "platform/calendar.h"
+#include "platform/error.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 
@@ -67,6 +68,15 @@ void AppendClock(std::string& out, std::int64_t hours, int secondOfHour) {
     AppendTwoDigits(out, secondOfHour % 60);
 }
 
+// Nothing outside of the years in which moments move.
+std::optional<Moment> NextSecond(const Moment& moment) {
+    try {
+        return Move(moment, MoveUnit::Second, 1);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 void AppendSerialDate(std::string& out, double serial, bool from1904) {
@@ -95,19 +105,19 @@ void AppendIsoDate(std::string& out, std::string_view text) {
     std::string moment(text.substr(0, momentLength));
     if (moment.size() > dateLength)
         moment[dateLength] = ' ';
-    const auto parsed = ParseMoment(moment);
-    if (!parsed) {
+    auto rounded = ParseMoment(moment);
+    const std::string_view fraction = text.substr(moment.size());
+    if (rounded && fraction.size() > 1 && fraction[0] == '.' && fraction[1] >= '5')
+        rounded = NextSecond(*rounded);
+    if (!rounded) {
         out += text;
         return;
     }
-    const std::string_view fraction = text.substr(moment.size());
-    const bool roundUp = fraction.size() > 1 && fraction[0] == '.' && fraction[1] >= '5';
-    const Moment rounded = roundUp ? Move(*parsed, MoveUnit::Second, 1) : *parsed;
-    AppendDate(out, rounded.date);
-    if (rounded.time == Time{})
+    AppendDate(out, rounded->date);
+    if (rounded->time == Time{})
         return;
     out += ' ';
-    AppendTime(out, rounded.time);
+    AppendTime(out, rounded->time);
 }
 
 void AppendIsoDuration(std::string& out, std::string_view text) {

@@ -1,14 +1,12 @@
 #pragma once
 
+#include <optional>
+
 #include "platform/spreadsheet/workbook.h"
+#include "platform/spreadsheet/xls_process.h"
 
 namespace vellumark::platform {
 
-struct CloseXls {
-    void operator()(const void* handle) const;
-};
-
-// The .xls form. Its formulas are empty, and dates from March 2100 are a day late.
 class XlsWorkbook : public Workbook {
  public:
     explicit XlsWorkbook(const std::string& path);
@@ -17,7 +15,8 @@ class XlsWorkbook : public Workbook {
     void ReadRange(std::size_t sheet, const CellRange& range, const CellHandler& use) override;
 
  private:
-    std::unique_ptr<const void, CloseXls> handle_;
+    std::string path_;
+    std::optional<XlsProcess> process_;  // until it has read a range
     std::vector<std::string> names_;
 };
 
