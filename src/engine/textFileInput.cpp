@@ -60,7 +60,8 @@ class DelimitedInput : public TextFileInput {
 
  private:
     bool fPartOf(std::string_view line, std::string_view& value) const override {
-        for (int skipped = 1; skipped < field_; ++skipped) {
+        // The number of the field may be far behind the line's last one.
+        for (int skipped = 1; skipped < field_ && !line.empty() && !delimiter_.empty(); ++skipped) {
             const std::size_t at = line.find(delimiter_);
             line.remove_prefix(at == std::string_view::npos ? line.size() : at + delimiter_.size());
         }

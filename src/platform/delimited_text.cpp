@@ -13,7 +13,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 DelimitedReader::DelimitedReader(std::istream& in, std::string_view delimiter)
     : in_(in), delimiter_(LeftCharacters(delimiter, 1)) {
-    if (delimiter_.empty() || delimiter_ == "\"")
+    if (delimiter_.empty() || std::string_view("\"\r\n").find(delimiter_) != std::string_view::npos)
         throw Error(kInvalidProcedureCall, "Invalid delimiter: '" + delimiter_ + "'");
 }
 

@@ -16,7 +16,8 @@ struct DelimitedField {
 // lines end with CR LF or LF. The stream must outlive the reader.
 class DelimitedReader {
  public:
-    // The delimiter is one character. Throws kInvalidProcedureCall for an empty one or a double quote.
+    // The delimiter is one character. Throws kInvalidProcedureCall for an empty one, a double quote or a line
+    // end.
     DelimitedReader(std::istream& in, std::string_view delimiter);
 
     // False at the end. Throws kTypeMismatch when quotes don't match, kDeviceIOError when reading fails.

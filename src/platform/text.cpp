@@ -71,7 +71,9 @@ bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix) {
 }
 
 bool ContainsIgnoringCase(std::string_view text, std::string_view part) {
-    return !std::ranges::search(text, part, {}, LowerCase, LowerCase).empty() || part.empty();
+    const auto same = [](char a, char b) { return LowerCase(a) == LowerCase(b); };
+    return part.empty() ||
+           std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
 }
 
 std::string ToUpper(std::string_view text) {

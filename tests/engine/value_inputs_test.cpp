@@ -58,7 +58,7 @@ TEST_F(ValueInputsTest, ReadsFieldsOfDelimitedText) {
     EXPECT_EQ(Delimited(text, field(1), 4), " a  d ");
     EXPECT_EQ(Delimited(text, field(2), 4), " b|c  \xFF\"x ");
     EXPECT_EQ(Delimited(text, field(3), 4), "   y\"z §e§f");
-    EXPECT_EQ(Delimited(text, field(99), 4), "    ");
+    EXPECT_EQ(Delimited(text, field(2147483647), 4), "    ");
     EXPECT_EQ(Delimited(text, {{"Delimited Field Number", 2}}, 1), " c");
     EXPECT_EQ(Delimited(text, {}, 1), " a;b");
     EXPECT_EQ(Delimited(text, {{"Delimiter", "§§"}, {"Delimited Field Number", 2}, {"Start from Row", 4}}, 1),

@@ -54,6 +54,7 @@ TEST(DelimitedText, RefusesQuotesThatDoNotMatch) {
     EXPECT_THROW(ReadAll("\"a\"b,c"), Error);
     EXPECT_THROW(ReadAll("a", ""), Error);
     EXPECT_THROW(ReadAll("a", "\""), Error);
+    EXPECT_THROW(ReadAll("a\r\n", "\r"), Error);
 }
 
 }  // namespace
