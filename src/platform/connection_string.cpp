@@ -16,6 +16,13 @@ std::string TakePlainValue(std::string_view& text) {
     return value;
 }
 
+// Behind the brace that closes, or npos.
+std::size_t EndOfBraces(std::string_view text, std::size_t at) {
+    while ((at = text.find('}', at)) != text.npos && text.substr(at, 2) == "}}")
+        at += 2;
+    return at == text.npos ? at : at + 1;
+}
+
 std::string TakeBracedValue(std::string_view& text) {
     std::string value;
     std::size_t at = 1;
@@ -31,18 +38,21 @@ std::string TakeBracedValue(std::string_view& text) {
     return value;
 }
 
+// The value as it stands in `text`, which may end with a semicolon. A brace left open would take in whatever
+// is put behind it.
+std::string WrittenIn(std::string_view text, std::string_view value) {
+    if (text.starts_with('{') && EndOfBraces(text, 1) == text.npos)
+        return WrittenValue(value);
+    text.remove_suffix(text.ends_with(';') ? 1 : 0);
+    return std::string(Trim(text));
+}
+
 // The places behind a password's key where its value starts and ends; both at the end when there is no key
 // any more.
 struct Stretch {
     std::size_t begin;
     std::size_t end;
 };
-
-std::size_t EndOfBraces(std::string_view text, std::size_t at) {
-    while ((at = text.find('}', at)) != text.npos && text.substr(at, 2) == "}}")
-        at += 2;
-    return at == text.npos ? text.size() : at + 1;
-}
 
 Stretch FindPassword(std::string_view text, std::string_view lower, std::size_t from) {
     for (; from < text.size(); ++from) {
@@ -55,10 +65,14 @@ Stretch FindPassword(std::string_view text, std::string_view lower, std::size_t 
             continue;
         at = std::min(text.find_first_not_of(' ', at + 1), text.size());
         if (text.substr(at, 1) == "{")
-            return {at, EndOfBraces(text, at + 1)};
+            return {at, std::min(EndOfBraces(text, at + 1), text.size())};
         return {at, std::min(text.find_first_of(";\n", at), text.size())};
     }
     return {text.size(), text.size()};
+}
+
+bool IsPasswordKey(std::string_view key) {
+    return EqualsIgnoringCase(key, "PWD") || EqualsIgnoringCase(key, "Password");
 }
 
 }  // namespace
@@ -76,9 +90,8 @@ ConnectionString::ConnectionString(std::string_view text) {
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
         const std::string_view rest = text;
         std::string value = text.starts_with('{') ? TakeBracedValue(text) : TakePlainValue(text);
-        std::string_view written = rest.substr(0, rest.size() - text.size());
-        written.remove_suffix(written.ends_with(';') ? 1 : 0);
-        parts_.push_back({key, std::move(value), std::string(Trim(written))});
+        std::string written = WrittenIn(rest.substr(0, rest.size() - text.size()), value);
+        parts_.push_back({key, std::move(value), std::move(written)});
     }
 }
 
@@ -105,6 +118,18 @@ std::string MaskPasswords(std::string_view text) {
         from = password.end;
     }
     return masked;
+}
+
+std::string MaskPasswords(std::string_view text, std::string_view connectionString) {
+    constexpr std::size_t kShortestTold = 4;
+    const ConnectionString parts(connectionString);
+    std::string masked(text);
+    for (const ConnectionString::Part& part : parts.Parts())
+        if (IsPasswordKey(part.key))
+            for (const std::string& secret : {part.written, part.value})
+                if (secret.size() >= kShortestTold)
+                    masked = Replace(masked, secret, "***");
+    return MaskPasswords(masked);
 }
 
 }  // namespace vellumark::platform

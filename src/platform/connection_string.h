@@ -33,4 +33,8 @@ std::string WrittenValue(std::string_view value);
 // A text that may hold a connection string, as people may see it: "***" in place of each password.
 std::string MaskPasswords(std::string_view text);
 
+// The same for a text about a connection that was tried: what its own string holds of passwords is masked
+// wherever it stands, but for those of fewer than four characters, which could be part of any word.
+std::string MaskPasswords(std::string_view text, std::string_view connectionString);
+
 }  // namespace vellumark::platform

@@ -106,6 +106,8 @@ void DataLink::Set(Names names, std::string_view value, std::string_view written
     const auto place = std::ranges::find(parts_, id, &Part::id);
     place->value = value;
     place->written = written;
+    // Another of the name, which didn't count, must not come up when this one is emptied.
+    std::erase_if(parts_, [&](const Part& other) { return other.id != id && IsOneOf(other.name, names); });
     changed_ = true;
 }
 

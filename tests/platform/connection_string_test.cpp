@@ -36,6 +36,7 @@ TEST(ConnectionStringTest, KeepsValuesAsWritten) {
     for (const ConnectionString::Part& part : parts.Parts())
         text += part.key + "=" + part.written + "|";
     EXPECT_EQ(text, "Driver={Some Driver}|PWD={a;b}}c}|UID=u|X=|");
+    EXPECT_EQ(ConnectionString("PWD={open;x").Parts()[0].written, "{open;x}");
 }
 
 TEST(ConnectionStringTest, WritesAnyValue) {
@@ -65,6 +66,12 @@ TEST(ConnectionStringTest, MasksPasswords) {
     };
     for (const auto& c : cases)
         EXPECT_EQ(MaskPasswords(c.text), c.expected);
+}
+
+TEST(ConnectionStringTest, MasksThePasswordsOfAStringWhereverTheyStand) {
+    const std::string text = "login {se;cret} of u failed near se;cret, PWD=x";
+    EXPECT_EQ(MaskPasswords(text, "UID=u;Password={se;cret}"), "login *** of u failed near ***, PWD=***");
+    EXPECT_EQ(MaskPasswords(text, "UID=login;PWD=u"), "login {se;cret} of u failed near se;cret, PWD=***");
 }
 
 }  // namespace

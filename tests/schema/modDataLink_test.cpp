@@ -48,6 +48,13 @@ TEST(DataLink, AnEmptyStringOffersTheUsualParts) {
     DataLink named("Password=old;Server=s");
     named.SetPassword("new");
     EXPECT_EQ(named.ConnectionString(), "Password=new;Server=s");
+
+    DataLink twice("Password=first;Server=s;PWD=second");
+    twice.SetPassword("");
+    EXPECT_EQ(twice.ConnectionString(), "Server=s");
+    DataLink open("Server={s;x");
+    open.SetPassword("p");
+    EXPECT_EQ(open.ConnectionString(), "Server={s;x};PWD=p");
 }
 
 TEST(DataLink, NamesThatAPartCannotHave) {
