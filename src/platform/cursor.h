@@ -20,6 +20,8 @@ class Cursor {
     // Valid until Next. Null reads as empty.
     virtual std::string_view Text(std::size_t column) const = 0;
     virtual bool IsNull(std::size_t column) const = 0;
+    // Whether Text gives bytes that are no text.
+    virtual bool IsBinary(std::size_t /*column*/) const { return false; }
 };
 
 }  // namespace vellumark::platform

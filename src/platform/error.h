@@ -31,11 +31,15 @@ enum ErrorNumber : int {
     kNoSuchParameter = 3061,
     kSyntaxError = 3075,
     kQueryFailed = 3146,
+    kRowIsGone = 3167,
+    kRowHasChanged = 3197,
     kRelatedRecordRequired = 3201,
     kNullNotAllowed = 3314,
     kLocked = 3218,
+    kRowNotAlone = 3229,
     kNoSuchItem = 3265,
     kUnrecognizedFormat = 3343,
+    kConversionError = 3421,
     kProviderNotFound = 3706,
 };
 

@@ -141,6 +141,11 @@ void Rename(const std::string& from, const std::string& to) {
     Check(error, from);
 }
 
+bool MakePrivateFile(const std::string& path) {
+    const int handle = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return handle >= 0 && close(handle) == 0;
+}
+
 void CreateFolder(const std::string& path) {
     if (mkdir(path.c_str(), 0777) != 0)
         CheckFolder({errno, std::generic_category()}, path);

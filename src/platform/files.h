@@ -25,6 +25,9 @@ void DeleteFile(const std::string& path);
 // A file or a folder; an existing destination is an error.
 void Rename(const std::string& from, const std::string& to);
 
+// An empty file that nobody but its owner may read or write. False, with nothing changed, when it is there
+// already or can't be made.
+bool MakePrivateFile(const std::string& path);
 void CreateFolder(const std::string& path);
 // With all that is in it; a missing folder is no error.
 void RemoveFolder(const std::string& path);

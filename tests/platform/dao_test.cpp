@@ -36,7 +36,15 @@ TEST(JetSql, BecomesSqlite) {
         {"where n like \"x*_?\"", "where n like 'x%__'"},
         {"where n = \"x*\"", "where n = 'x*'"},
         {"where d = #2001-02-03#", "where d = '2001-02-03'"},
+        {"where d = #it's#", "where d = 'it''s'"},
         {"where n = \"open", "where n = 'open"},
+        {"-- it's #1, \"true\"\nselect \"a\"", "-- it's #1, \"true\"\nselect 'a'"},
+        {"delete /* don't */ * from T -- it's", "delete /* don't */  from T -- it's"},
+        {"select 4/2-1, '--', \"/*\" /* open'", "select 4/2-1, '--', '/*' /* open'"},
+        {"where n = \"it's''", "where n = 'it''s''''"},
+        {"where n = 'open''", "where n = 'open''"},
+        {"where n = \"a\"'b'#c#", "where n = 'a' 'b' 'c'"},
+        {"where n = 1-True", "where n = 1- -1"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(TranslateJetSql(c.jet), c.sqlite);

@@ -100,6 +100,7 @@ class FakeProvider : public ado::Provider {
     std::string ServerName() const override { return "Fake"; }
     void Execute(std::string_view) override { ADD_FAILURE(); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view) const override { return nullptr; }
+    std::unique_ptr<dao::RowAccess> OpenRowAccess() const override { return nullptr; }
     void Begin() override { ADD_FAILURE(); }
     void Commit() override { ADD_FAILURE(); }
     void Rollback() override { ADD_FAILURE(); }

@@ -40,6 +40,8 @@ class Connection {
     void Rollback() { Opened().Rollback(); }
     // Throws kReadOnlyDatabase when the database is of a kind that is only read.
     void CheckWritable() const { Opened().CheckWritable(); }
+    // To read and change single rows; must not outlive the open connection.
+    std::unique_ptr<dao::RowAccess> OpenRowAccess() const { return Opened().OpenRowAccess(); }
 
  private:
     Provider& Opened() const;

@@ -21,12 +21,13 @@ class EmbeddedProvider : public Provider {
     std::string ServerName() const override { return database_.ServerName(); }
     void Execute(std::string_view statement) override { runner_.Execute(statement); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
-        return database_.OpenCursor(sql);
+        return dao::OpenText(database_, sql);
     }
     void Begin() override { database_.BeginTrans(); }
     void Commit() override { database_.CommitTrans(); }
     void Rollback() override { database_.Rollback(); }
     void CheckWritable() const override { database_.CheckWritable(); }
+    std::unique_ptr<dao::RowAccess> OpenRowAccess() const override { return database_.OpenRowAccess(); }
 
  private:
     Rowset Tables(const Restrictions& restrictions) const override;

@@ -20,12 +20,15 @@ class OdbcProvider : public Provider {
     std::string ServerName() const override { return connection_.ServerName(); }
     void Execute(std::string_view statement) override { connection_.Execute(statement); }
     std::unique_ptr<platform::Cursor> OpenRecordset(std::string_view sql) const override {
-        return connection_.Query(sql);
+        return connection_.Stream(sql);
     }
     bool TakesSeveral() const override { return connection_.TakesSeveral(); }
     void Begin() override { connection_.Begin(); }
     void Commit() override { connection_.Commit(); }
     void Rollback() override { connection_.Rollback(); }
+    std::unique_ptr<dao::RowAccess> OpenRowAccess() const override {
+        return std::make_unique<dao::OdbcRowAccess>(connection_, *catalog_);
+    }
 
  private:
     Rowset Tables(const Restrictions& restrictions) const override;

@@ -8,6 +8,7 @@
 
 #include "platform/ado/rowset.h"
 #include "platform/cursor.h"
+#include "platform/dao/row_access.h"
 #include "platform/error.h"
 
 namespace vellumark::ado {
@@ -51,6 +52,7 @@ class Provider {
     virtual void Rollback() = 0;
     // Throws kReadOnlyDatabase when the database is of a kind that is only read.
     virtual void CheckWritable() const {}
+    virtual std::unique_ptr<dao::RowAccess> OpenRowAccess() const = 0;
 
  private:
     virtual Rowset Tables(const Restrictions& restrictions) const = 0;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/access/column_type.h"
 #include "platform/access/properties.h"
-#include "platform/access/virtual_table.h"
+#include "platform/dao/access_table.h"
+#include "platform/dao/access_type.h"
 #include "platform/dao/jet_sql.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -35,7 +35,7 @@ ConnectionHandle OpenMemory() {
 }
 
 void ShowTable(sqlite3* connection, std::string_view name, std::uint32_t page) {
-    Statement(connection, "create virtual table " + Bracketed(name) + " using " + access::kModuleName + "(" +
+    Statement(connection, "create virtual table " + Bracketed(name) + " using " + kAccessModule + "(" +
                               std::to_string(page) + ")")
         .Execute();
 }
@@ -75,7 +75,7 @@ TableDef Definition(access::File& file, const Entry& entry) {
     for (const access::Column& column : table.columns) {
         Field field;
         field.name = column.name;
-        field.type = access::TypeOf(column, file.IsJet3());
+        field.type = TypeOf(column, file.IsJet3());
         field.ordinalPosition = static_cast<int>(definition.fields.size());
         definition.fields.push_back(std::move(field));
     }
@@ -130,7 +130,7 @@ AccessCatalog ReadCatalog(sqlite3* connection, access::File& file) {
 ConnectionHandle OpenAccessFile(const std::string& path, std::string_view password, AccessCatalog& catalog) {
     const auto file = std::make_shared<access::File>(path, password);
     ConnectionHandle connection = OpenMemory();
-    access::RegisterModule(connection.get(), file);
+    RegisterAccessModule(connection.get(), file);
     try {
         catalog = ReadCatalog(connection.get(), *file);
     } catch (const platform::Error& error) {
@@ -138,7 +138,7 @@ ConnectionHandle OpenAccessFile(const std::string& path, std::string_view passwo
             throw;
         access::ThrowDamaged("its catalog can't be read (" + error.Description() + ")");
     }
-    access::MakeReadOnly(connection.get());
+    MakeReadOnly(connection.get());
     return connection;
 }
 

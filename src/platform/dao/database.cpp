@@ -7,8 +7,10 @@
 #include "platform/dao/access_catalog.h"
 #include "platform/dao/jet_sql.h"
 #include "platform/dao/odbc_link.h"
+#include "platform/dao/row_access.h"
 #include "platform/dao/statement_cursor.h"
 #include "platform/error.h"
+#include "platform/files.h"
 #include "platform/odbc/driver_string.h"
 #include "platform/text.h"
 
@@ -18,7 +20,6 @@ namespace {
 
 using platform::Error;
 
-constexpr int kBusyWaitMilliseconds = 2000;
 constexpr std::string_view kPasswordLookup = "select [Value] from [MSysProperties] where [Name] = 'Password'";
 
 void Run(sqlite3* connection, const char* sql) {
@@ -33,7 +34,7 @@ ConnectionHandle Open(const std::string& path, int flags) {
     ConnectionHandle connection(raw);
     if (code != SQLITE_OK)
         throw Error(platform::kCannotOpenFile, "Cannot open file '" + path + "': " + sqlite3_errstr(code));
-    sqlite3_busy_timeout(raw, kBusyWaitMilliseconds);
+    sqlite3_busy_timeout(raw, kBusyWaitSeconds * 1000);
     return connection;
 }
 
@@ -43,21 +44,33 @@ std::string PasswordIn(std::string_view connect) {
                                                           : std::string();
 }
 
-std::vector<std::string> Texts(const Parameters& parameters) {
-    std::vector<std::string> texts;
+odbc::Parameters Bound(const Parameters& parameters) {
+    odbc::Parameters bound;
     for (const Parameter& parameter : parameters)
-        texts.push_back(ToText(parameter.Get()));
-    return texts;
+        bound.push_back(ToOdbc(parameter.Get()));
+    return bound;
 }
 
-void CheckContent(const Database& database, std::string_view connect) {
+bool HasKnownFormat(const Database& database) {
     try {
         database.Lookup("select count(*) from sqlite_master");
+        return true;
     } catch (const Error& error) {
         if (error.Number() != platform::kUnrecognizedFormat)
             throw;
-        throw Error(error.Number(), "Unrecognized database format '" + database.Path() + "'.");
+        return false;
     }
+}
+
+Database OpenAccess(const std::string& path, std::string_view connect) {
+    if (!access::File::Recognizes(path))
+        throw Error(platform::kUnrecognizedFormat, "Unrecognized database format '" + path + "'.");
+    const auto catalog = std::make_shared<AccessCatalog>();
+    ConnectionHandle connection = OpenAccessFile(path, PasswordIn(connect), *catalog);
+    return {std::move(connection), path, catalog};
+}
+
+void CheckPassword(const Database& database, std::string_view connect) {
     if (!database.HasTable("MSysProperties"))
         return;
     const std::string password = ToText(database.Lookup(kPasswordLookup));
@@ -98,7 +111,7 @@ void Database::Execute(std::string_view sql, const Parameters& parameters) const
     if (link_ && parameters.empty())
         return link_->Connection().Execute(sql);
     if (link_) {
-        link_->Connection().Query(sql, Texts(parameters));
+        link_->Connection().Query(sql, Bound(parameters));
         return;
     }
     Statement statement = Prepare(TranslateJetSql(sql));
@@ -110,12 +123,12 @@ Recordset Database::OpenRecordset(std::string_view source, const Parameters& par
     if (!link_)
         return Recordset(*this, source, parameters);
     const std::string sql = IsSelect(source) ? std::string(source) : "select * from " + std::string(source);
-    return Recordset(*link_->Connection().Query(sql, Texts(parameters)));
+    return Recordset(*link_->Connection().Query(sql, Bound(parameters)));
 }
 
 std::unique_ptr<platform::Cursor> Database::OpenCursor(std::string_view sql) const {
     if (link_)
-        return link_->Connection().Query(sql);
+        return link_->Connection().Stream(sql);
     return std::make_unique<StatementCursor>(Prepare(TranslateJetSql(sql)));
 }
 
@@ -135,6 +148,12 @@ void Database::Rollback() const {
     if (link_)
         return link_->Connection().Rollback();
     Run(Handle(), "rollback");
+}
+
+std::unique_ptr<RowAccess> Database::OpenRowAccess() const {
+    if (link_)
+        return std::make_unique<OdbcRowAccess>(link_->Connection(), link_->Catalog());
+    return std::make_unique<EmbeddedRowAccess>(*this);
 }
 
 Recordset Database::OpenForAppend(std::string_view table) const {
@@ -177,13 +196,12 @@ Database OpenDatabase(const std::string& path, std::string_view connect, const O
     if (!options.ownStore && std::filesystem::file_size(path, isNoFile) == 0)
         throw Error(platform::kUnrecognizedFormat,
                     "Unrecognized database format '" + path + "'. The file is empty.");
-    if (!options.ownStore && access::File::Recognizes(path)) {
-        const auto catalog = std::make_shared<AccessCatalog>();
-        ConnectionHandle connection = OpenAccessFile(path, PasswordIn(connect), *catalog);
-        return {std::move(connection), path, catalog};
-    }
     Database database(Open(path, options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE), path);
-    CheckContent(database, connect);
+    // The engine looks first: a handle of ours on a file of its own would, when closed, drop the locks that
+    // this process holds on it.
+    if (!HasKnownFormat(database))
+        return OpenAccess(path, connect);
+    CheckPassword(database, connect);
     Run(database.Handle(), options.ownStore ? "pragma synchronous=normal" : "pragma foreign_keys=on");
     return database;
 }
@@ -196,7 +214,9 @@ Database OpenOdbcDatabase(std::string_view dsn, std::string_view connect) {
 }
 
 void CreateDatabase(const std::string& path, std::string_view password, bool ownStore) {
-    Database database(Open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), path);
+    // The files that the engine lays beside it take over who may read them.
+    platform::MakePrivateFile(path);
+    Database database(Open(path, SQLITE_OPEN_READWRITE), path);
     if (ownStore)
         Run(database.Handle(), "pragma journal_mode=wal");
     Run(database.Handle(),

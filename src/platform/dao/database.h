@@ -21,6 +21,7 @@ struct OpenOptions {
 
 struct AccessCatalog;
 class OdbcLink;
+class RowAccess;
 
 // An open database: an embedded one, a Microsoft Access file, or one behind an ODBC data source. Movable;
 // closes itself.
@@ -64,6 +65,9 @@ class Database {
     std::vector<TableDef> TableDefs() const;
     std::vector<Relation> Relations() const;
 
+    // To read and change single rows, whatever the database is; must not outlive it.
+    std::unique_ptr<RowAccess> OpenRowAccess() const;
+
     // From here on, what changes tables and looks inside works on an embedded database only.
 
     // An empty recordset on a table, for AddNew alone.
@@ -77,6 +81,9 @@ class Database {
     void CreateTable(const TableDef& table) const;
     void AddField(std::string_view table, const Field& field) const;
     void DropTable(std::string_view table) const;
+
+    // How long changes from here on wait for another program; kBusyWaitSeconds before that.
+    void WaitWhenBusy(int seconds) const { sqlite3_busy_timeout(Handle(), seconds * 1000); }
 
     sqlite3* Handle() const { return connection_.get(); }
 
@@ -96,7 +103,8 @@ Database OpenDatabase(const std::string& path, std::string_view connect = "",
 // kProviderNotFound or the driver's error.
 Database OpenOdbcDatabase(std::string_view dsn, std::string_view connect);
 
-// Makes an empty file, which must not exist yet; a password other than "" must be given at each open.
+// Makes an empty file, which must not exist yet and which only its owner may read; a password other than ""
+// must be given at each open.
 void CreateDatabase(const std::string& path, std::string_view password = "", bool ownStore = false);
 
 // Groups changes: all of them, or with no Commit none. Transactions nest.

@@ -15,18 +15,23 @@ bool IsWordCharacter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-// End of the piece that starts with a quote at `at`; a doubled quote stays inside.
-std::size_t EndOfQuoted(std::string_view sql, std::size_t at, char close) {
-    for (std::size_t i = at + 1; i < sql.size(); ++i) {
-        if (sql[i] != close)
-            continue;
-        if (close != ']' && i + 1 < sql.size() && sql[i + 1] == close) {
-            ++i;
-            continue;
-        }
-        return i + 1;
-    }
+// The quote that closes the one at `at`, or the end; a doubled quote stays inside.
+std::size_t ClosingQuote(std::string_view sql, std::size_t at) {
+    const char quote = sql[at];
+    for (at = sql.find(quote, at + 1); at < sql.size(); at = sql.find(quote, at + 2))
+        if (!sql.substr(at + 1).starts_with(quote))
+            return at;
     return sql.size();
+}
+
+// End of the comment that starts at `at`, or `at` itself when none does.
+std::size_t EndOfComment(std::string_view sql, std::size_t at) {
+    const std::string_view start = sql.substr(at, 2);
+    if (start != "--" && start != "/*")
+        return at;
+    const std::string_view close = start == "--" ? "\n" : "*/";
+    const std::size_t end = sql.find(close, at + 2);
+    return end == sql.npos ? sql.size() : end + close.size();
 }
 
 class Translator {
@@ -42,10 +47,13 @@ class Translator {
  private:
     void Step() {
         const char c = sql_[at_];
-        if (c == '\'' || c == '"')
+        const std::size_t behindComment = EndOfComment(sql_, at_);
+        if (behindComment > at_)
+            CopyComment(behindComment);
+        else if (c == '\'' || c == '"')
             Literal(c);
         else if (c == '[')
-            Copy(EndOfQuoted(sql_, at_, ']'));
+            Copy(EndOfName());
         else if (c == '#')
             DateLiteral();
         else if (IsWordCharacter(c))
@@ -63,26 +71,41 @@ class Translator {
         at_ = end;
     }
 
-    void Literal(char quote) {
-        const std::size_t end = EndOfQuoted(sql_, at_, quote);
-        const bool closed = end > at_ + 1 && sql_[end - 1] == quote;
-        const std::string_view inner = sql_.substr(at_ + 1, end - at_ - (closed ? 2 : 1));
-        std::string text = platform::Replace(inner, std::string(2, quote), std::string(1, quote));
-        if (EqualsIgnoringCase(lastWord_, "like")) {
-            std::ranges::replace(text, '*', '%');
-            std::ranges::replace(text, '?', '_');
-        }
-        out_ += '\'' + platform::Replace(text, "'", "''") + (closed ? "'" : "");
+    void CopyComment(std::size_t end) {
+        out_.append(sql_.substr(at_, end - at_));
         at_ = end;
-        lastWord_ = {};
+    }
+
+    // In brackets; a bracket that isn't closed takes all.
+    std::size_t EndOfName() const {
+        const std::size_t close = sql_.find(']', at_);
+        return close == std::string_view::npos ? sql_.size() : close + 1;
+    }
+
+    void Literal(char quote) {
+        const std::size_t close = ClosingQuote(sql_, at_);
+        const bool closed = close < sql_.size();
+        const std::string_view inner = sql_.substr(at_ + 1, close - at_ - 1);
+        AppendText(platform::Replace(inner, std::string(2, quote), std::string(1, quote)), closed);
+        at_ = close + (closed ? 1 : 0);
     }
 
     void DateLiteral() {
         const std::size_t close = sql_.find('#', at_ + 1);
         if (close == std::string_view::npos)
             return Copy(at_ + 1);
-        out_.append("'").append(sql_.substr(at_ + 1, close - at_ - 1)).append("'");
+        AppendText(std::string(sql_.substr(at_ + 1, close - at_ - 1)), true);
         at_ = close + 1;
+    }
+
+    void AppendText(std::string text, bool closed) {
+        if (EqualsIgnoringCase(lastWord_, "like")) {
+            std::ranges::replace(text, '*', '%');
+            std::ranges::replace(text, '?', '_');
+        }
+        if (out_.ends_with('\''))  // two texts must not become one
+            out_ += ' ';
+        out_ += '\'' + platform::Replace(text, "'", "''") + (closed ? "'" : "");
         lastWord_ = {};
     }
 
@@ -92,7 +115,7 @@ class Translator {
             ++end;
         const std::string_view word = sql_.substr(at_, end - at_);
         if (EqualsIgnoringCase(word, "true"))
-            out_ += "-1";
+            out_ += out_.ends_with('-') ? " -1" : "-1";  // two dashes would start a comment
         else if (EqualsIgnoringCase(word, "false"))
             out_ += "0";
         else

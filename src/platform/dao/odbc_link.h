@@ -18,6 +18,7 @@ class OdbcLink {
     explicit OdbcLink(const std::string& connectionString);
 
     odbc::Connection& Connection() { return connection_; }
+    odbc::Catalog& Catalog() { return *catalog_; }
 
     std::vector<std::string> TableNames() const;
     std::vector<TableDef> TableDefs() const;

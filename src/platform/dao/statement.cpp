@@ -1,6 +1,8 @@
 #include "platform/dao/statement.h"
 
-#include <map>
+#include <algorithm>
+#include <array>
+#include <cerrno>
 
 #include "platform/error.h"
 #include "platform/text.h"
@@ -10,6 +12,8 @@ namespace vellumark::dao {
 namespace {
 
 using namespace platform;
+
+constexpr int kCharactersAfterEnd = 3142;
 
 int ErrorNumberFor(int extendedCode, std::string_view message) {
     switch (extendedCode) {
@@ -53,23 +57,67 @@ int ErrorNumberFor(int extendedCode, std::string_view message) {
     return kQueryFailed;
 }
 
+// Blanks, comments and semicolons count as nothing. What can't be read is more.
+bool HoldsMore(sqlite3* connection, std::string_view rest) {
+    if (rest.find_first_not_of("; \t\r\n") == rest.npos)
+        return false;
+    sqlite3_stmt* next = nullptr;
+    const int code =
+        sqlite3_prepare_v3(connection, rest.data(), static_cast<int>(rest.size()), 0, &next, nullptr);
+    return StatementHandle(next) != nullptr || code != SQLITE_OK;
+}
+
+std::string BusyText(sqlite3* connection) {
+    const char* path = sqlite3_db_filename(connection, "main");
+    return "The file '" + std::string(path == nullptr ? "" : path) +
+           "' is being changed by another program. Please try again when that has finished.";
+}
+
+// Failures of the file rather than of the statement: one has to know which file.
+constexpr std::array kOfTheFile = {
+    kLocked, kReadOnlyDatabase, kUnrecognizedFormat, kNotEnoughSpaceOnDisk, kCannotOpenFile, kDeviceIOError};
+
+std::string FileOf(sqlite3* connection) {
+    const char* path = connection == nullptr ? nullptr : sqlite3_db_filename(connection, "main");
+    return path == nullptr || *path == '\0' ? std::string() : ": '" + std::string(path) + "'";
+}
+
+// The engine knows a full disk where it writes pages only; elsewhere the system tells.
+bool IsDiskFull(sqlite3* connection, int extendedCode) {
+    if (connection == nullptr || (extendedCode & 0xFF) != SQLITE_IOERR)
+        return false;
+    const int reason = sqlite3_system_errno(connection);
+    return reason == ENOSPC || reason == EDQUOT;
+}
+
 }  // namespace
 
 void ThrowEngineError(sqlite3* connection, int code) {
-    const int extended = connection == nullptr ? code : sqlite3_extended_errcode(connection);
-    std::string message = connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection);
+    const int known = connection == nullptr ? code : sqlite3_extended_errcode(connection);
+    const bool full = IsDiskFull(connection, known);
+    const int extended = full ? SQLITE_FULL : known;
+    std::string message =
+        full || connection == nullptr ? sqlite3_errstr(extended) : sqlite3_errmsg(connection);
+    const int number = ErrorNumberFor(extended, message);
     if ((extended & 0xFF) == SQLITE_AUTH)
         message =
             "The database is a Microsoft Access file; Vellumark reads such files but doesn't write them.";
-    throw Error(ErrorNumberFor(extended, message), message);
+    else if ((extended & 0xFF) == SQLITE_BUSY)
+        message = BusyText(connection);
+    else if (std::ranges::find(kOfTheFile, number) != kOfTheFile.end())
+        message += FileOf(connection);
+    throw Error(number, message);
 }
 
 Statement::Statement(sqlite3* connection, std::string_view sql) : connection_(connection) {
     sqlite3_stmt* handle = nullptr;
-    Check(sqlite3_prepare_v3(connection, sql.data(), static_cast<int>(sql.size()), 0, &handle, nullptr));
+    const char* rest = nullptr;
+    Check(sqlite3_prepare_v3(connection, sql.data(), static_cast<int>(sql.size()), 0, &handle, &rest));
     handle_.reset(handle);
     if (!handle_)
         throw platform::Error(platform::kSyntaxError, "The statement is empty.");
+    if (HoldsMore(connection, sql.substr(static_cast<std::size_t>(rest - sql.data()))))
+        throw platform::Error(kCharactersAfterEnd, "Characters found after end of SQL statement.");
 }
 
 void Statement::Check(int code) const {

@@ -21,10 +21,13 @@ struct FinalizeStatement {
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 // Throws the data engine's error for a failed call.
+// How long a change waits for another program to let go of the file.
+inline constexpr int kBusyWaitSeconds = 5;
+
 [[noreturn]] void ThrowEngineError(sqlite3* connection, int code);
 
 // A prepared statement: bind, step through its rows, reset, bind again. Parameters and columns count from 0.
-// Must not outlive the database that prepared it.
+// Must not outlive the database that prepared it. A text of several statements is refused whole.
 class Statement {
  public:
     Statement(sqlite3* connection, std::string_view sql);
@@ -45,6 +48,7 @@ class Statement {
     std::string_view ColumnName(int column) const { return sqlite3_column_name(handle_.get(), column); }
     Value ColumnValue(int column) const;
     bool ColumnIsNull(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_NULL; }
+    bool ColumnIsBlob(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_BLOB; }
     std::int64_t ColumnInteger(int column) const { return sqlite3_column_int64(handle_.get(), column); }
     bool ColumnIsReal(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_FLOAT; }
     double ColumnReal(int column) const { return sqlite3_column_double(handle_.get(), column); }

@@ -18,6 +18,9 @@ class StatementCursor : public platform::Cursor {
     bool IsNull(std::size_t column) const override {
         return statement_.ColumnIsNull(static_cast<int>(column));
     }
+    bool IsBinary(std::size_t column) const override {
+        return statement_.ColumnIsBlob(static_cast<int>(column));
+    }
 
  private:
     Statement statement_;

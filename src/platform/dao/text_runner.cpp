@@ -1,12 +1,44 @@
 #include "platform/dao/text_runner.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "platform/dao/jet_sql.h"
+#include "platform/dao/statement_cursor.h"
 #include "platform/error.h"
+#include "platform/running_call.h"
 #include "platform/text.h"
 
 namespace vellumark::dao {
+
+namespace {
+
+// What is left of a statement that had no rows.
+class NoRows : public platform::Cursor {
+ public:
+    const std::vector<std::string>& FieldNames() const override { return names_; }
+    bool Next() override { return false; }
+    std::string_view Text(std::size_t /*column*/) const override { return {}; }
+    bool IsNull(std::size_t /*column*/) const override { return true; }
+
+ private:
+    std::vector<std::string> names_;
+};
+
+std::function<void()> Interruption(sqlite3* connection) {
+    return [connection] { sqlite3_interrupt(connection); };
+}
+
+class EndableCursor : public StatementCursor {
+ public:
+    EndableCursor(sqlite3* connection, Statement statement)
+        : StatementCursor(std::move(statement)), call_(Interruption(connection)) {}
+
+ private:
+    platform::RunningCall call_;
+};
+
+}  // namespace
 
 void TextRunner::Execute(std::string_view statement) {
     const bool isNextRow = insert_ && statement.starts_with(head_);
@@ -80,6 +112,16 @@ void TextRunner::BindText(int column, const Literal& literal) {
         return insert_->BindUnowned(column, literal.text);
     own = platform::Replace(literal.text, "''", "'");
     insert_->BindUnowned(column, own);
+}
+
+std::unique_ptr<platform::Cursor> OpenText(const Database& database, std::string_view statement) {
+    if (!database.IsEmbedded())
+        return database.OpenCursor(statement);
+    if (Statement prepared = database.Prepare(TranslateJetSql(statement)); prepared.ColumnCount() > 0)
+        return std::make_unique<EndableCursor>(database.Handle(), std::move(prepared));
+    const platform::RunningCall call(Interruption(database.Handle()));
+    TextRunner(database).Execute(statement);
+    return std::make_unique<NoRows>();
 }
 
 }  // namespace vellumark::dao

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/cursor.h"
 #include "platform/dao/database.h"
 #include "platform/dao/insert_text.h"
 #include "platform/dao/stored_date.h"
@@ -32,5 +34,9 @@ class TextRunner {
     std::vector<DateForm> dateForms_;  // of its columns
     std::vector<std::string> texts_;   // values that don't stand in the statement as they are
 };
+
+// The rows of one statement that others wrote, of whatever kind. One without rows is executed as TextRunner
+// does it, and the cursor has no fields.
+std::unique_ptr<platform::Cursor> OpenText(const Database& database, std::string_view statement);
 
 }  // namespace vellumark::dao

@@ -1,14 +1,26 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/cursor.h"
+#include "platform/error.h"
 #include "platform/odbc/handle.h"
 
 namespace vellumark::odbc {
+
+// What stands for a "?" of a statement.
+struct Parameter {
+    Parameter(std::string text) : value(std::move(text)) {}
+    Parameter(std::string bytes, SQLSMALLINT bytesForm) : value(std::move(bytes)), form(bytesForm) {}
+
+    std::string value;
+    SQLSMALLINT form = SQL_C_CHAR;  // SQL_C_BINARY for bytes, SQL_C_DEFAULT for Null
+};
+using Parameters = std::vector<Parameter>;
 
 // An open connection through an ODBC driver; it closes itself. Every call may throw what ThrowDiagnostics
 // throws.
@@ -24,8 +36,10 @@ class Connection {
     void Execute(std::string_view sql);
     bool TakesSeveral() const { return takesSeveral_; }
     // "?" takes the parameters in turn.
-    std::unique_ptr<platform::Cursor> Query(std::string_view sql,
-                                            const std::vector<std::string>& parameters = {}) const;
+    std::unique_ptr<platform::Cursor> Query(std::string_view sql, const Parameters& parameters = {}) const;
+    // The same, for rows of any number: where the driver would hold them all in memory unless told otherwise,
+    // it is told so.
+    std::unique_ptr<platform::Cursor> Stream(std::string_view sql) const;
 
     // From Begin to Commit or Rollback nothing is certain; outside, each statement stands by itself.
     void Begin();
@@ -42,13 +56,18 @@ class Connection {
     Handle NewStatement() const { return NewHandle(SQL_HANDLE_STMT, connection_.get()); }
 
  private:
+    void Open(const std::string& connectionString);
+    void CheckAlive() const;
+    [[noreturn]] void Fail(const Handle& handle);
     void SetAutocommit(bool on);
     void EndTransaction(SQLSMALLINT how);
 
     Handle environment_;
     Handle connection_;
     bool takesSeveral_ = false;
-    Handle executor_;  // used for one statement after the other
+    bool declaresCursors_ = false;
+    std::optional<platform::Error> lost_;  // what told that the line is gone
+    Handle executor_;                      // used for one statement after the other
 };
 
 }  // namespace vellumark::odbc

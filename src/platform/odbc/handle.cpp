@@ -77,6 +77,10 @@ void ThrowDiagnostics(const Handle& handle) {
     Throw(handle.get_deleter().type, handle.get());
 }
 
+std::function<void()> Cancelling(const Handle& statement) {
+    return [raw = statement.get()] { SQLCancel(raw); };
+}
+
 SQLCHAR* Bytes(std::string_view text) {
     return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.data()));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <sql.h>
 #include <sqlext.h>
@@ -24,6 +25,9 @@ inline void Check(SQLRETURN code, const Handle& handle) {
     if (!SQL_SUCCEEDED(code))
         ThrowDiagnostics(handle);
 }
+
+// What ends the statement's call from another thread; the handle must outlive it.
+std::function<void()> Cancelling(const Handle& statement);
 
 // The interface takes its texts as bytes that it never changes.
 SQLCHAR* Bytes(std::string_view text);

@@ -8,17 +8,29 @@ namespace {
 
 constexpr std::size_t kBufferSize = 8192;
 
-bool IsBinary(SQLSMALLINT sqlType) {
+bool IsBinaryType(SQLSMALLINT sqlType) {
     return sqlType == SQL_BINARY || sqlType == SQL_VARBINARY || sqlType == SQL_LONGVARBINARY;
 }
 
 }  // namespace
 
-Rows::Rows(Handle statement) : statement_(std::move(statement)), buffer_(kBufferSize, '\0') {
+Rows::Rows(Handle statement)
+    : statement_(std::move(statement)), call_(Cancelling(statement_)), buffer_(kBufferSize, '\0') {
     SQLSMALLINT columns = 0;
     Check(SQLNumResultCols(statement_.get(), &columns), statement_);
     for (SQLSMALLINT place = 1; place <= columns; ++place)
         Describe(static_cast<SQLUSMALLINT>(place));
+    if (columns == 0)
+        Finish();
+}
+
+void Rows::Finish() {
+    ended_ = true;
+    SQLRETURN code = SQL_SUCCESS;
+    while (SQL_SUCCEEDED(code))
+        code = SQLMoreResults(statement_.get());
+    if (code != SQL_NO_DATA)
+        ThrowDiagnostics(statement_);
 }
 
 void Rows::Describe(SQLUSMALLINT place) {
@@ -29,15 +41,17 @@ void Rows::Describe(SQLUSMALLINT place) {
                          &size, &digits, &nullable),
           statement_);
     names_.emplace_back(name);
-    fields_.push_back({IsBinary(type) ? SQLSMALLINT{SQL_C_BINARY} : SQLSMALLINT{SQL_C_CHAR}, true, {}});
+    fields_.push_back({IsBinaryType(type) ? SQLSMALLINT{SQL_C_BINARY} : SQLSMALLINT{SQL_C_CHAR}, true, {}});
 }
 
 bool Rows::Next() {
-    if (fields_.empty())
+    if (ended_)
         return false;
     const SQLRETURN code = SQLFetch(statement_.get());
-    if (code == SQL_NO_DATA)
+    if (code == SQL_NO_DATA) {
+        Finish();
         return false;
+    }
     Check(code, statement_);
     // In the columns' order, since many drivers can't go back.
     SQLUSMALLINT place = 0;

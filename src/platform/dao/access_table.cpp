@@ -1,4 +1,4 @@
-#include "platform/access/virtual_table.h"
+#include "platform/dao/access_table.h"
 
 #include <optional>
 
@@ -9,20 +9,20 @@
 
 // The data engine's interface for tables that others hold: records that it points to by their C base, and
 // functions that must not throw.
-namespace vellumark::access {
+namespace vellumark::dao {
 
 namespace {
 
 struct AccessTable : sqlite3_vtab {
-    std::shared_ptr<File> file;
-    Table table;
+    std::shared_ptr<access::File> file;
+    access::Table table;
 };
 
 struct AccessCursor : sqlite3_vtab_cursor {
     explicit AccessCursor(const AccessTable& owner) : sqlite3_vtab_cursor{}, of(&owner) {}
 
     const AccessTable* of;
-    std::optional<Rows> rows;
+    std::optional<access::Rows> rows;
     bool atEnd = true;
     std::string buffer;
 };
@@ -48,8 +48,8 @@ int Guarded(char*& message, const Work& work) {
 
 std::string Declaration(const AccessTable& table) {
     std::string columns;
-    for (const Column& column : table.table.columns) {
-        const bool isText = column.kind == Kind::Text || column.kind == Kind::Memo;
+    for (const access::Column& column : table.table.columns) {
+        const bool isText = column.kind == access::Kind::Text || column.kind == access::Kind::Memo;
         columns += columns.empty() ? "" : ", ";
         columns += "\"" + platform::Replace(column.name, "\"", "\"\"") + "\"";
         columns += isText ? " text collate nocase" : " numeric";
@@ -62,7 +62,7 @@ std::uint32_t PageIn(int count, const char* const* words) {
     const std::optional<int> page =
         count > kFirstArgument ? platform::ParseLong(words[kFirstArgument]) : std::nullopt;
     if (!page || *page < 0)
-        ThrowDamaged("a table has no definition");
+        access::ThrowDamaged("a table has no definition");
     return static_cast<std::uint32_t>(*page);
 }
 
@@ -70,11 +70,11 @@ int Connect(sqlite3* connection, void* file, int count, const char* const* words
             char** message) {
     return Guarded(*message, [&] {
         auto made = std::make_unique<AccessTable>();
-        made->file = *static_cast<std::shared_ptr<File>*>(file);
-        made->table = ReadTable(*made->file, PageIn(count, words));
+        made->file = *static_cast<std::shared_ptr<access::File>*>(file);
+        made->table = access::ReadTable(*made->file, PageIn(count, words));
         const int code = sqlite3_declare_vtab(connection, Declaration(*made).c_str());
         if (code != SQLITE_OK)
-            dao::ThrowEngineError(connection, code);
+            ThrowEngineError(connection, code);
         *table = made.release();
     });
 }
@@ -123,8 +123,8 @@ int AtEnd(sqlite3_vtab_cursor* cursor) {
 int GiveColumn(sqlite3_vtab_cursor* cursor, sqlite3_context* result, int column) {
     AccessCursor& at = CursorOf(cursor);
     return Guarded(cursor->pVtab->zErrMsg, [&] {
-        GiveField(result, *at.of->file, *at.rows, at.of->table.columns.at(static_cast<std::size_t>(column)),
-                  at.buffer);
+        access::GiveField(result, *at.of->file, *at.rows,
+                          at.of->table.columns.at(static_cast<std::size_t>(column)), at.buffer);
     });
 }
 
@@ -174,20 +174,21 @@ int AllowReading(void*, int action, const char* table, const char*, const char*,
 
 }  // namespace
 
-void RegisterModule(sqlite3* connection, const std::shared_ptr<File>& file) {
+void RegisterAccessModule(sqlite3* connection, const std::shared_ptr<access::File>& file) {
     static const sqlite3_module module = MakeModule();
-    auto owned = std::make_unique<std::shared_ptr<File>>(file);
+    auto owned = std::make_unique<std::shared_ptr<access::File>>(file);
     // The engine lets go of it even when the call fails.
     const int code =
-        sqlite3_create_module_v2(connection, kModuleName, &module, owned.release(), [](void* held) {
-            const std::unique_ptr<std::shared_ptr<File>> gone(static_cast<std::shared_ptr<File>*>(held));
+        sqlite3_create_module_v2(connection, kAccessModule, &module, owned.release(), [](void* held) {
+            const std::unique_ptr<std::shared_ptr<access::File>> gone(
+                static_cast<std::shared_ptr<access::File>*>(held));
         });
     if (code != SQLITE_OK)
-        dao::ThrowEngineError(connection, code);
+        ThrowEngineError(connection, code);
 }
 
 void MakeReadOnly(sqlite3* connection) {
     sqlite3_set_authorizer(connection, AllowReading, nullptr);
 }
 
-}  // namespace vellumark::access
+}  // namespace vellumark::dao

@@ -1,8 +1,8 @@
-#include "platform/access/column_type.h"
+#include "platform/dao/access_type.h"
 
 #include <string>
 
-namespace vellumark::access {
+namespace vellumark::dao {
 
 namespace {
 
@@ -13,41 +13,41 @@ std::string Sized(const std::string& word, int size) {
     return word + "(" + std::to_string(size) + ")";
 }
 
-std::string TextWord(const Column& column, bool isJet3) {
+std::string TextWord(const access::Column& column, bool isJet3) {
     const int characters = isJet3 ? column.length : column.length / 2;
     return Sized(isJet3 ? "VARCHAR" : "NVARCHAR", characters);
 }
 
 // The word that reads as the same type when others declare it.
-std::string DeclaredWord(const Column& column, bool isJet3) {
+std::string DeclaredWord(const access::Column& column, bool isJet3) {
     switch (column.kind) {
-        case Kind::Boolean:
+        case access::Kind::Boolean:
             return "YESNO";
-        case Kind::Byte:
+        case access::Kind::Byte:
             return "BYTE";
-        case Kind::Integer:
+        case access::Kind::Integer:
             return "SHORT";
-        case Kind::Long:
+        case access::Kind::Long:
             return "LONG";
-        case Kind::Currency:
+        case access::Kind::Currency:
             return "CURRENCY";
-        case Kind::Single:
+        case access::Kind::Single:
             return "SINGLE";
-        case Kind::Double:
+        case access::Kind::Double:
             return "DOUBLE";
-        case Kind::Date:
+        case access::Kind::Date:
             return "DATETIME";
-        case Kind::Binary:
+        case access::Kind::Binary:
             return Sized("BINARY", column.length);
-        case Kind::Text:
+        case access::Kind::Text:
             return TextWord(column, isJet3);
-        case Kind::Memo:
+        case access::Kind::Memo:
             return "MEMO";
-        case Kind::Guid:
+        case access::Kind::Guid:
             return "GUID";
-        case Kind::Numeric:
+        case access::Kind::Numeric:
             return "DECIMAL(" + std::to_string(column.precision) + "," + std::to_string(column.scale) + ")";
-        case Kind::BigInt:
+        case access::Kind::BigInt:
             return "BIGINT";
         default:
             return "LONGBINARY";
@@ -56,20 +56,20 @@ std::string DeclaredWord(const Column& column, bool isJet3) {
 
 }  // namespace
 
-dao::ColumnType TypeOf(const Column& column, bool isJet3) {
+ColumnType TypeOf(const access::Column& column, bool isJet3) {
     constexpr int kWideMemo = 203, kWideChar = 130, kNarrowChar = 129;
-    dao::ColumnType type = dao::ReadDeclaredType(DeclaredWord(column, isJet3));
-    if (column.kind == Kind::Numeric)
-        type.daoType = dao::dbDecimal;
-    if (column.kind == Kind::Memo && !isJet3)
+    ColumnType type = ReadDeclaredType(DeclaredWord(column, isJet3));
+    if (column.kind == access::Kind::Numeric)
+        type.daoType = dbDecimal;
+    if (column.kind == access::Kind::Memo && !isJet3)
         type.adoType = kWideMemo;
-    if (column.kind == Kind::Text && column.fixed)
+    if (column.kind == access::Kind::Text && column.fixed)
         type.adoType = isJet3 ? kNarrowChar : kWideChar;
-    if (column.kind == Kind::Complex)
+    if (column.kind == access::Kind::Complex)
         type.daoType = kComplex;
-    if (column.kind == Kind::ExtendedDate)
+    if (column.kind == access::Kind::ExtendedDate)
         type.daoType = kExtendedDate;
     return type;
 }
 
-}  // namespace vellumark::access
+}  // namespace vellumark::dao

@@ -6,15 +6,15 @@
 
 #include "platform/access/file.h"
 
-namespace vellumark::access {
+namespace vellumark::dao {
 
-inline constexpr const char* kModuleName = "access_file";
+inline constexpr const char* kAccessModule = "access_file";
 
 // Lets statements of `create virtual table T using access_file(page)` on that connection show the tables of
 // the file, by the pages of their definitions. The file stays open as long as the connection.
-void RegisterModule(sqlite3* connection, const std::shared_ptr<File>& file);
+void RegisterAccessModule(sqlite3* connection, const std::shared_ptr<access::File>& file);
 
 // From here on the connection refuses every statement that would change something.
 void MakeReadOnly(sqlite3* connection);
 
-}  // namespace vellumark::access
+}  // namespace vellumark::dao

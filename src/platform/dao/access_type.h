@@ -3,9 +3,9 @@
 #include "platform/access/definition.h"
 #include "platform/dao/declared_type.h"
 
-namespace vellumark::access {
+namespace vellumark::dao {
 
 // A column's type as the two protocols report it of an Access file. Text of Access 97 is no Unicode to them.
-dao::ColumnType TypeOf(const Column& column, bool isJet3);
+ColumnType TypeOf(const access::Column& column, bool isJet3);
 
-}  // namespace vellumark::access
+}  // namespace vellumark::dao
