@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "platform/error.h"
+#include "platform/files.h"
 #include "repository/modStoreTables.h"
 #include "repository/modValuesStore.h"
 #include "repository/modVellumark.h"
@@ -37,6 +38,12 @@ void CreateTables(const dao::Database& database, const std::vector<StoreTable>& 
     }
 }
 
+// What the file doesn't hold yet stands beside it, under a name that is lost with the move.
+void WriteOut(const dao::Database& database) {
+    if (dao::ToLong(database.Lookup("pragma wal_checkpoint(truncate)")) != 0)
+        throw platform::Error(platform::kLocked, "The store is in use: '" + database.Path() + "'");
+}
+
 // A store is made under another name and then moved, so that a killed program leaves no half-made store.
 template <typename Fill>
 void CreateStore(const std::string& path, std::string_view password, const Fill& fill) {
@@ -50,8 +57,8 @@ void CreateStore(const std::string& path, std::string_view password, const Fill&
         dao::Transaction transaction(database);
         fill(database);
         transaction.Commit();
+        WriteOut(database);
     }
-    fs::permissions(draft, fs::perms::owner_read | fs::perms::owner_write);
     fs::rename(draft, path);
 }
 
@@ -108,7 +115,9 @@ bool CreateUserSettings(const std::string& path) {
         return false;
     const fs::path folder = fs::path(path).parent_path();
     std::error_code failure;
-    fs::create_directories(folder, failure);
+    if (fs::create_directories(folder, failure))
+        fs::permissions(folder, fs::perms::owner_all, failure);
+    platform::MakePrivateFile(path);
     std::ofstream file(path);
     file << "REPOSITORY=" << folder.string() << "\n"
          << "VM_DATABASES=" << (folder / "Databases").string() << "\n"

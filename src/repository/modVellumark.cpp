@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kRepositoryLevel = 2;
+constexpr int kCountWaitSeconds = 1;
 constexpr std::string_view kSettingsFileName = "Vellumark.INI";
 
 int repositoryScopes = 0;
@@ -35,6 +36,14 @@ int valuesScopes = 0;
         "questions on " +
         std::string(kSupportAddress) + "\n\n\n" + error.Line());
     throw platform::ProgramEnd{};
+}
+
+// The engine takes an empty file for a database without tables.
+void CheckNotEmpty(const std::string& path) {
+    std::error_code isNoFile;
+    if (fs::file_size(path, isNoFile) == 0)
+        throw platform::Error(platform::kUnrecognizedFormat,
+                              "Unrecognized database format '" + path + "'. The file is empty.");
 }
 
 std::string WithoutTrailingSeparator(std::string folder) {
@@ -75,6 +84,31 @@ std::string FormatVersion() {
     return text;
 }
 
+// Another copy of the program may be at work on the store for long; what it counts isn't worth refusing to
+// start.
+void StoreCount(dao::Recordset& schema, const std::string& now) {
+    RepositoryDatabase.WaitWhenBusy(kCountWaitSeconds);
+    try {
+        schema.Edit();
+        schema.Set("Date Last Executed", now)
+            .Set("Number of Executions", schema.Long("Number of Executions") + 1);
+        schema.Update();
+    } catch (const platform::Error& error) {
+        if (error.Number() != platform::kLocked)
+            throw;
+    }
+    RepositoryDatabase.WaitWhenBusy(dao::kBusyWaitSeconds);
+}
+
+// A later version may keep things that this one would spoil.
+void CheckLevel(int level) {
+    if (level > kRepositoryLevel)
+        throw platform::Error(platform::kUnrecognizedFormat,
+                              "The repository '" + RepositoryPath + "' is of level " + std::to_string(level) +
+                                  ". This version of Vellumark knows level " +
+                                  std::to_string(kRepositoryLevel) + " only; please start the newer one.");
+}
+
 // True when an upgrade is due.
 bool CountExecution() {
     RepositoryScope repository;
@@ -89,11 +123,10 @@ bool CountExecution() {
         schema.Update();
         return true;
     }
-    const bool upgradeDue = schema.Long("Repository Version Number") < kRepositoryLevel;
-    schema.Edit();
-    schema.Set("Date Last Executed", now)
-        .Set("Number of Executions", schema.Long("Number of Executions") + 1);
-    schema.Update();
+    const int level = schema.Long("Repository Version Number");
+    CheckLevel(level);
+    const bool upgradeDue = level < kRepositoryLevel;
+    StoreCount(schema, now);
     return upgradeDue;
 }
 
@@ -126,8 +159,10 @@ RepositoryScope::~RepositoryScope() {
 }
 
 ValuesScope::ValuesScope() {
-    if (valuesScopes == 0)
+    if (valuesScopes == 0) {
+        CheckNotEmpty(ValuesPath);
         ValuesDatabase = dao::OpenDatabase(ValuesPath, "", {.ownStore = true});
+    }
     ++valuesScopes;
 }
 

@@ -40,12 +40,15 @@ bool fDetailsOK(const NewSchemaDetails& details) {
     return true;
 }
 
-bool fNameIsNew(const std::string& name) {
+bool IsNameTaken(const std::string& name) {
     const RepositoryScope repository;
-    if (RepositoryDatabase.OpenRecordset("select * from [Database] where [Name] = ?", {name}).IsEOF())
-        return true;
-    return fRefuse(
-        "Database name already exists in Vellumark.\n\nPlease enter a different Name and try again.");
+    return !RepositoryDatabase.OpenRecordset("select * from [Database] where [Name] = ?", {name}).IsEOF();
+}
+
+bool fNameIsNew(const std::string& name) {
+    return !IsNameTaken(name) ||
+           fRefuse(
+               "Database name already exists in Vellumark.\n\nPlease enter a different Name and try again.");
 }
 
 enum class FolderAnswer { Ready, NotWanted, Failed };
@@ -186,6 +189,9 @@ bool fMakeSchema(const NewSchemaDetails& details) {
     std::optional<CategoryChanges> categories;
     if (details.model.permittedValues)
         categories.emplace();
+    // Another copy of the program may have taken the name meanwhile.
+    if (!fNameIsNew(details.name))
+        return false;
     AddSchemaRow(details);
     if (!fCapture(details))
         return false;
@@ -225,9 +231,12 @@ Outcome TryToMake(const NewSchemaDetails& details) {
         if (answer != FolderAnswer::Ready)
             return answer == FolderAnswer::NotWanted ? Outcome::OtherName : Outcome::Failed;
     }
-    if (!fMakeSchemaOrNothing(details))
+    const bool made = fMakeSchemaOrNothing(details);
+    // Where it wasn't, a schema of that name is that of another copy of the program, and so is the folder.
+    if (made || IsNameTaken(details.name))
+        folder.Keep();
+    if (!made)
         return Outcome::Failed;
-    folder.Keep();
     if (AutoConnect && details.kind != NewSchemaKind::Manual)
         ConnectTarget();
     return Outcome::Made;

@@ -6,6 +6,7 @@
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "repository/modVellumark.h"
+#include "scenario/modScenarioFolders.h"
 #include "scenario/modTestScenarioMaintenance.h"
 #include "schema/modDatabaseConnection.h"
 
@@ -110,6 +111,7 @@ bool OpenDatabaseSchema() {
         CloseDatabaseSchema();
         return false;
     }
+    FinishFolderChanges();
     ListScenarios();
     SelectFirstScenario();
     return true;

@@ -11,6 +11,7 @@
 #include "repository/modVellumark.h"
 #include "scenario/modDTRmaintenance.h"
 #include "scenario/modScenarioCopy.h"
+#include "scenario/modScenarioFolders.h"
 #include "scenario/modTTRandRTDmaintenance.h"
 
 namespace vellumark {
@@ -47,6 +48,15 @@ int NextScenarioId() {
                   {CurrentDBSId}, 0);
 }
 
+// Another copy of the program may have taken the name since it was asked for.
+void CheckNameIsFree(const std::string& name) {
+    const dao::Value others = RepositoryDatabase.Lookup(
+        "select count(*) from [Test Scenario] where [FK DBS Id] = ? and [Name] = ?", {CurrentDBSId, name});
+    if (dao::ToLong(others) > 0)
+        throw platform::Error(platform::kPathAccessError,
+                              "Scenario path '" + ScenarioFolder(name) + "' already exists.");
+}
+
 void AddScenarioRow(int id, const std::string& name, char type) {
     dao::Recordset scenarios = RepositoryDatabase.OpenForAppend("Test Scenario");
     scenarios.AddNew();
@@ -66,13 +76,6 @@ void AddScenarioTables(int scenarioId) {
         used.Set("FK DBS Id", CurrentDBSId).Set("FK TSO Id", scenarioId).Set("FK TAB Id", tables.Long("Id"));
         used.Update();
     }
-}
-
-void MakeFolder(const std::string& folder) {
-    std::error_code failure;
-    fs::create_directory(folder, failure);
-    if (failure)
-        throw platform::Error(platform::kPathAccessError, "Path/File access error: '" + folder + "'");
 }
 
 void Select(int id, const std::string& name, char type) {
@@ -135,12 +138,9 @@ void RenameInRepository(const std::string& name) {
     scenario.Edit();
     scenario.Set("Name", name);
     scenario.Update();
-    std::error_code failure;
-    fs::rename(CurrentTSOFolder, ScenarioFolder(name), failure);
-    if (failure)
-        throw platform::Error(platform::kPathAccessError,
-                              "Path/File access error: '" + CurrentTSOFolder + "'");
+    RenamedFolder folder(CurrentTSOFolder, ScenarioFolder(name));
     transaction.Commit();
+    folder.Keep();
 }
 
 }  // namespace
@@ -174,11 +174,13 @@ bool CreateScenario(std::string name) {
     try {
         RepositoryScope repository;
         dao::Transaction transaction(RepositoryDatabase);
+        CheckNameIsFree(name);
         const int id = NextScenarioId();
         AddScenarioRow(id, name, TypeOfTab());
         AddScenarioTables(id);
-        MakeFolder(ScenarioFolder(name));
+        MadeFolder folder(ScenarioFolder(name));
         transaction.Commit();
+        folder.Keep();
         CurrentList().push_back(name);
         Select(id, name, TypeOfTab());
         return true;
@@ -207,11 +209,13 @@ bool SaveScenarioAs(std::string name) {
     try {
         RepositoryScope repository;
         dao::Transaction transaction(RepositoryDatabase);
+        CheckNameIsFree(name);
         const int id = NextScenarioId();
         AddScenarioRow(id, name, TypeOfTab());
         CopyScenarioRows(CurrentTSOId, id);
-        MakeFolder(ScenarioFolder(name));
+        MadeFolder folder(ScenarioFolder(name));
         transaction.Commit();
+        folder.Keep();
         CurrentList().push_back(name);
         return true;
     } catch (const platform::Error& error) {
@@ -259,14 +263,13 @@ bool DeleteScenario() {
         RepositoryScope repository;
         dao::Transaction transaction(RepositoryDatabase);
         DeleteScenarioRows();
+        RemovedFolder folder(CurrentTSOFolder);
         transaction.Commit();
+        folder.Remove();
     } catch (const platform::Error& error) {
         platform::ShowUnexpectedError("deleting the Scenario", error);
         return false;
     }
-    // A folder that can't be removed stays behind; the rows are the truth.
-    std::error_code ignored;
-    fs::remove_all(CurrentTSOFolder, ignored);
     std::vector<std::string>& names = CurrentList();
     if (const auto entry = std::ranges::find(names, CurrentTSOName); entry != names.end())
         names.erase(entry);

@@ -62,6 +62,15 @@ TEST_F(StartTest, UnusableRepositoryEndsTheProgram) {
              dao::CreateDatabase(RepositoryPath, "other");
          },
          "Error: 3031 "},
+        {"later level",
+         [&] {
+             fs::remove(RepositoryPath);
+             CreateRepository(RepositoryPath);
+             StartSession(file);
+             const RepositoryScope repository;
+             RepositoryDatabase.Execute("update [Schema] set [Repository Version Number] = 3");
+         },
+         "Error: 3343 The repository '"},
         {"no options",
          [&] {
              fs::remove(RepositoryPath);
@@ -83,6 +92,17 @@ TEST_F(StartTest, UnusableRepositoryEndsTheProgram) {
                               "repository.\n\n\nPlease check the settings in the Vellumark.ini file.\n\n\n"))
             << c.what << shown;
         EXPECT_NE(shown.find(c.error), std::string::npos) << c.what << shown;
+    }
+}
+
+TEST_F(StartTest, EmptyValuesFileIsNamed) {
+    folder.Write("Vellumark Values.mdb", "");
+    try {
+        const ValuesScope values;
+        FAIL() << "it opened";
+    } catch (const platform::Error& error) {
+        EXPECT_EQ(error.Line(),
+                  "Error: 3343 Unrecognized database format '" + ValuesPath + "'. The file is empty.");
     }
 }
 
