@@ -3,6 +3,7 @@
 #include "platform/dialogs.h"
 #include "repository/modVellumark.h"
 #include "scenario/modRuleSelection.h"
+#include "scenario/modTableRuleRows.h"
 
 namespace vellumark {
 
@@ -17,21 +18,10 @@ dao::Recordset SelectedRow() {
 }  // namespace
 
 int AddDeleteTableRule(int tabId, std::string_view whereClause) {
-    RepositoryScope repository;
-    const int id =
-        NextId(RepositoryDatabase,
-               "select max([Id]) from [TSO Delete Table Rule] where [FK DBS Id] = ? and [FK TSO Id] = ?",
-               {CurrentDBSId, CurrentTSOId});
-    dao::Recordset rules = RepositoryDatabase.OpenForAppend("TSO Delete Table Rule");
-    rules.AddNew();
-    rules.Set("Id", id)
-        .Set("Sort Order", id)
-        .Set("FK TSO Id", CurrentTSOId)
-        .Set("FK TAB Id", tabId)
-        .Set("FK DBS Id", CurrentDBSId)
-        .Set("Where Clause", whereClause)
-        .Set("Status", "");
-    rules.Update();
+    const RepositoryScope repository;
+    dao::Transaction transaction(RepositoryDatabase);
+    const int id = AddDeleteRuleRow(CurrentDBSId, CurrentTSOId, tabId, whereClause);
+    transaction.Commit();
     return id;
 }
 

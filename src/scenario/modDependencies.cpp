@@ -8,6 +8,7 @@
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "repository/modVellumark.h"
+#include "repository/storeChange.h"
 #include "scenario/modTTRandRTDmaintenance.h"
 
 namespace vellumark {
@@ -174,16 +175,7 @@ bool fValidateDependency(const DependencyDetails& details) {
 bool fApplyDependency(DependencyDetails& details) {
     if (!fValidateDependency(details))
         return false;
-    try {
-        RepositoryScope repository;
-        dao::Transaction transaction(RepositoryDatabase);
-        StoreDependency(details);
-        transaction.Commit();
-        return true;
-    } catch (const platform::Error& error) {
-        platform::ShowUnexpectedError("setting the foreign key", error);
-        return false;
-    }
+    return fChangeRepository("setting the foreign key", [&details] { StoreDependency(details); });
 }
 
 bool fChooseParentRule(DependencyDetails& details, int ruleId) {

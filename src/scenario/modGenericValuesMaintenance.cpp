@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "platform/dialogs.h"
-#include "platform/error.h"
 #include "repository/modVellumark.h"
+#include "repository/storeChange.h"
 #include "scenario/modGenericValues.h"
 
 namespace vellumark {
@@ -26,21 +26,6 @@ constexpr std::array kDataTypes = {
 bool fRefuse(const std::string& message) {
     platform::ShowExclamation(message);
     return false;
-}
-
-// Runs the change as one; a failure is shown and leaves nothing of it.
-template <class Change>
-bool InValues(std::string_view doing, const Change& change) {
-    try {
-        const ValuesScope values;
-        dao::Transaction transaction(ValuesDatabase);
-        change();
-        transaction.Commit();
-        return true;
-    } catch (const platform::Error& error) {
-        platform::ShowUnexpectedError(doing, error);
-        return false;
-    }
 }
 
 char FirstOf(const std::string& text, char fallback) {
@@ -93,7 +78,7 @@ dao::Recordset RowFor(const std::string& table, const std::string& ownerField, i
 template <class Record, class Fill>
 bool fSaveRow(const char* table, const char* ownerField, int owner, Record& record, const Fill& fill) {
     int id = record.id;
-    const bool saved = InValues("saving the row", [&] {
+    const bool saved = fChangeValues("saving the row", [&] {
         dao::Recordset row = RowFor(table, ownerField, owner, id);
         fill(row);
         row.Update();
@@ -213,7 +198,7 @@ bool fSaveCodeValue(EditedCodeValue& value) {
 
 bool fDeleteCategory(const EditedCategory& category) {
     return fMayDelete("category", "category", "FK CAT Id", category.id, category.name) &&
-           InValues("deleting the Category", [&] {
+           fChangeValues("deleting the Category", [&] {
                ForgetDependants("[FK Depends CAT Id] = ?", {category.id});
                ValuesDatabase.Execute("delete from [Value] where [FK CAT Id] = ?", {category.id});
                ValuesDatabase.Execute("delete from [Category] where [Id] = ?", {category.id});
@@ -221,7 +206,7 @@ bool fDeleteCategory(const EditedCategory& category) {
 }
 
 bool fDeleteValue(const EditedValue& value) {
-    return InValues("deleting the value", [&] {
+    return fChangeValues("deleting the value", [&] {
         ForgetDependants("[FK Depends CAT Id] = ? and [FK Depends VLE Id] = ?", {value.categoryId, value.id});
         ValuesDatabase.Execute("delete from [Value] where [FK CAT Id] = ? and [Id] = ?",
                                {value.categoryId, value.id});
@@ -230,21 +215,21 @@ bool fDeleteValue(const EditedValue& value) {
 
 bool fDeleteConversionCode(const EditedConversionCode& code) {
     return fMayDelete("Conversion Code", "Conversion Code", "FK CNV Id", code.id, code.name) &&
-           InValues("deleting the Conversion Code", [&] {
+           fChangeValues("deleting the Conversion Code", [&] {
                ValuesDatabase.Execute("delete from [Conversion Code Value] where [FK CNV Id] = ?", {code.id});
                ValuesDatabase.Execute("delete from [Conversion Code] where [Id] = ?", {code.id});
            });
 }
 
 bool fDeleteCodeValue(const EditedCodeValue& value) {
-    return InValues("deleting the code", [&] {
+    return fChangeValues("deleting the code", [&] {
         ValuesDatabase.Execute("delete from [Conversion Code Value] where [FK CNV Id] = ? and [Id] = ?",
                                {value.conversionId, value.id});
     });
 }
 
 bool fSetValueDependency(const EditedValue& value, int parentCategoryId, int parentValueId) {
-    return InValues("setting the dependency", [&] {
+    return fChangeValues("setting the dependency", [&] {
         ValuesDatabase.Execute(
             "update [Value] set [FK Depends VLE Id] = ?, [FK Depends CAT Id] = ? where [Id] = ? and [FK CAT "
             "Id] = ?",
@@ -258,7 +243,7 @@ bool SortValues(int categoryId) {
          "&Descending", "&Cancel"});
     if (answer != 1 && answer != 2)
         return false;
-    return InValues("sorting the values", [&] {
+    return fChangeValues("sorting the values", [&] {
         dao::Recordset rows =
             ValuesDatabase.OpenRecordset("select * from [Value] where [FK CAT Id] = ? order by [Value] " +
                                              std::string(answer == 1 ? "asc" : "desc"),

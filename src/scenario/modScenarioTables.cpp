@@ -1,9 +1,8 @@
 #include "scenario/modScenarioTables.h"
 
-#include "platform/dialogs.h"
-#include "platform/error.h"
 #include "platform/text.h"
 #include "repository/modVellumark.h"
+#include "repository/storeChange.h"
 
 namespace vellumark {
 
@@ -21,17 +20,10 @@ std::vector<ScenarioTable> ReadTables(std::string_view sql) {
 
 // Runs the statement for each table: for all, or on a failure for none.
 bool fForTables(std::string_view sql, const std::vector<int>& tables) {
-    try {
-        const RepositoryScope repository;
-        dao::Transaction transaction(RepositoryDatabase);
+    return fChangeRepository("moving the tables", [&] {
         for (const int table : tables)
             RepositoryDatabase.Execute(sql, {CurrentDBSId, CurrentTSOId, table});
-        transaction.Commit();
-        return true;
-    } catch (const platform::Error& error) {
-        platform::ShowUnexpectedError("moving the tables", error);
-        return false;
-    }
+    });
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "scenario/modDependencies.h"
 #include "scenario/modRowCopy.h"
 #include "scenario/modRuleSelection.h"
+#include "scenario/modTableRuleRows.h"
 
 namespace vellumark {
 
@@ -58,23 +59,6 @@ const std::vector<std::string_view> kInheritedSourceFields = {
     "Sheet",
     "Sheet End of File",
 };
-
-void AddRuleRow(int id, int tabId, int start, int end, bool useGenerated) {
-    dao::Recordset rules = RepositoryDatabase.OpenForAppend("TSO Insert Table Rule");
-    rules.AddNew();
-    rules.Set("Id", id)
-        .Set("Sort Order", id)
-        .Set("FK TSO Id", CurrentTSOId)
-        .Set("FK TAB Id", tabId)
-        .Set("FK DBS Id", CurrentDBSId)
-        .Set("Start Range", start)
-        .Set("End Range", end)
-        .Set("Flag Use Generated Data", useGenerated)
-        .Set("Quantity", RangeQuantity(start, end))
-        .Set("Retry Count Data Unique", kRetryCount)
-        .Set("Status", "");
-    rules.Update();
-}
 
 void SetSisterPattern(dao::Recordset& rule, std::string_view dataType) {
     if (CurrentDBSSource != 'R' && CurrentDBSSource != 'T')
@@ -193,11 +177,7 @@ bool StandsIdle(int ruleId) {
 int AddTableRule(int tabId, int startRange, int endRange, bool useGenerated) {
     RepositoryScope repository;
     dao::Transaction transaction(RepositoryDatabase);
-    const int id =
-        NextId(RepositoryDatabase,
-               "select max([Id]) from [TSO Insert Table Rule] where [FK DBS Id] = ? and [FK TSO Id] = ?",
-               {CurrentDBSId, CurrentTSOId});
-    AddRuleRow(id, tabId, startRange, endRange, useGenerated);
+    const int id = AddInsertRuleRow({CurrentDBSId, CurrentTSOId, tabId, startRange, endRange, useGenerated});
     AddColumnRules(id, tabId);
     const dao::Value name = RepositoryDatabase.Lookup(
         "select [Name] from [Table] where [FK DBS Id] = ? and [Id] = ?", {CurrentDBSId, tabId});

@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "repository/modVellumark.h"
+#include "repository/storeChange.h"
 
 namespace vellumark {
 
@@ -16,21 +17,6 @@ constexpr std::string_view kForeignKey = "Foreign Key";
 
 ColumnKey KeyOf(const EditedColumn& column) {
     return {CurrentDBSId, column.tableId, column.id};
-}
-
-// Runs the change of several tables as one. A failure is shown and leaves nothing of it.
-template <class Change>
-bool InOneTransaction(std::string_view doing, const Change& change) {
-    try {
-        const RepositoryScope repository;
-        dao::Transaction transaction(RepositoryDatabase);
-        change();
-        transaction.Commit();
-        return true;
-    } catch (const platform::Error& error) {
-        platform::ShowUnexpectedError(doing, error);
-        return false;
-    }
 }
 
 std::optional<int> Number(const dao::Recordset& row, std::string_view field) {
@@ -339,7 +325,7 @@ bool TakesScale(DataType type) {
 bool fSaveTable(EditedTable& table) {
     if (fTABValidateError(table))
         return false;
-    return InOneTransaction("saving the table", [&table] {
+    return fChangeRepository("saving the table", [&table] {
         if (table.id == 0) {
             InsertTable(table);
             return;
@@ -354,7 +340,7 @@ bool fSaveTable(EditedTable& table) {
 bool fSaveColumn(EditedColumn& column) {
     if (fCOLValidateError(column))
         return false;
-    return InOneTransaction("saving the column", [&column] {
+    return fChangeRepository("saving the column", [&column] {
         if (column.id == 0)
             InsertColumn(column);
         else
@@ -364,7 +350,7 @@ bool fSaveColumn(EditedColumn& column) {
 
 bool fDeleteTable(const EditedTable& table) {
     return platform::AskYesNo("Do you really want to delete this table?") &&
-           InOneTransaction("deleting the table", [&table] {
+           fChangeRepository("deleting the table", [&table] {
                TableRow(table.id).Delete();
                DeleteTableRules(CurrentDBSId, table.id);
                ForgetParents(" and [FK COL TAB Id] = ?", {CurrentDBSId, table.id});
@@ -373,7 +359,7 @@ bool fDeleteTable(const EditedTable& table) {
 
 bool fDeleteColumn(const EditedColumn& column) {
     return platform::AskYesNo("Do you really want to delete this column?") &&
-           InOneTransaction("deleting the column", [&column] {
+           fChangeRepository("deleting the column", [&column] {
                ColumnRow(column).Delete();
                DeleteColumnRules(KeyOf(column));
                ForgetParents(" and [FK COL TAB Id] = ? and [FK COL Id] = ?",
@@ -386,11 +372,11 @@ bool fSetForeignKey(const EditedColumn& child, const EditedColumn& parent) {
         return !ShowFault("Selected datatype is not the same as the foreign key's datatype");
     if (child.size != parent.size)
         return !ShowFault("Selected size is not the same as the foreign key's size");
-    return InOneTransaction("setting the foreign key", [&] { StoreParent(child, parent, kForeignKey); });
+    return fChangeRepository("setting the foreign key", [&] { StoreParent(child, parent, kForeignKey); });
 }
 
 bool fClearForeignKey(const EditedColumn& child) {
-    return InOneTransaction("clearing the foreign key", [&child] { StoreParent(child, {}, "Data"); });
+    return fChangeRepository("clearing the foreign key", [&child] { StoreParent(child, {}, "Data"); });
 }
 
 std::string ReadSchemaDescription() {

@@ -5,7 +5,7 @@
 
 #include "repository/modVellumark.h"
 #include "scenario/modColumnRuleDefaults.h"
-#include "scenario/modTTRandRTDmaintenance.h"
+#include "scenario/modTableRuleRows.h"
 
 namespace vellumark {
 
@@ -23,45 +23,6 @@ DefaultRange ReadDefaultRange() {
     if (options.IsEOF())
         return {};
     return {options.Long("Start Range"), options.Long("End Range")};
-}
-
-int NextRuleId(std::string_view table, int schemaId, int scenarioId) {
-    return NextId(
-        RepositoryDatabase,
-        "select max([Id]) from [" + std::string(table) + "] where [FK DBS Id] = ? and [FK TSO Id] = ?",
-        {schemaId, scenarioId});
-}
-
-void AddInsertRule(int schemaId, int scenarioId, int tableId, const DefaultRange& range) {
-    const int id = NextRuleId("TSO Insert Table Rule", schemaId, scenarioId);
-    dao::Recordset rules = RepositoryDatabase.OpenForAppend("TSO Insert Table Rule");
-    rules.AddNew();
-    rules.Set("Id", id)
-        .Set("Sort Order", id)
-        .Set("FK DBS Id", schemaId)
-        .Set("FK TSO Id", scenarioId)
-        .Set("FK TAB Id", tableId)
-        .Set("Start Range", range.start)
-        .Set("End Range", range.end)
-        .Set("Quantity", RangeQuantity(range.start, range.end))
-        .Set("Flag Use Generated Data", true)
-        .Set("Retry Count Data Unique", kRetryCount)
-        .Set("Status", "");
-    rules.Update();
-}
-
-void AddDeleteRule(int schemaId, int scenarioId, int tableId) {
-    const int id = NextRuleId("TSO Delete Table Rule", schemaId, scenarioId);
-    dao::Recordset rules = RepositoryDatabase.OpenForAppend("TSO Delete Table Rule");
-    rules.AddNew();
-    rules.Set("Id", id)
-        .Set("Sort Order", id)
-        .Set("FK DBS Id", schemaId)
-        .Set("FK TSO Id", scenarioId)
-        .Set("FK TAB Id", tableId)
-        .Set("Where Clause", "")
-        .Set("Status", "");
-    rules.Update();
 }
 
 void MakeAvailable(int schemaId, int scenarioId, int tableId) {
@@ -134,9 +95,9 @@ void AddTableToScenarios(int schemaId, int tableId) {
         const std::string type = scenarios.Text("Type");
         MakeAvailable(schemaId, scenarioId, tableId);
         if (type == "I" || scenarioId == kSystemScenario)
-            AddInsertRule(schemaId, scenarioId, tableId, range);
+            AddInsertRuleRow({schemaId, scenarioId, tableId, range.start, range.end});
         if (type == "D" || scenarioId == kSystemScenario)
-            AddDeleteRule(schemaId, scenarioId, tableId);
+            AddDeleteRuleRow(schemaId, scenarioId, tableId, "");
     }
 }
 

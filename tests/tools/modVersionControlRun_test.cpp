@@ -367,8 +367,10 @@ TEST_F(VersionControlTest, WhatCanNotBeginLeavesTheTarget) {
     EXPECT_EQ(recorder.Take(),
               "exclamation: Please select a different target database schema to the open one.|"
               "exclamation: Cannot open the Database identifier 7|"
-              "exclamation: Unexpected error occurred in version control.\n\nError: 3218 database is locked|"
-              "exclamation: Cannot open the File: " +
+              "exclamation: Unexpected error occurred in version control.\n\nError: 3218 The file '" +
+                  RepositoryPath +
+                  "' is being changed by another program. Please try again when that has finished.|"
+                  "exclamation: Cannot open the File: " +
                   missing);
     EXPECT_EQ(Snapshot(), before);
 }
