@@ -87,8 +87,11 @@ bool fDatabaseRunOK(bool mayConnect) {
 }
 
 bool fRunScenario(const OutputChoice& choice, RunProgress& progress) {
-    if (IsInsert())
+    if (IsInsert()) {
+        if (!choice.toDatabase && choice.format == TargetFormat::Delimited)
+            LastTextFile = choice.textFile;
         return TestDataGenerateAll(choice, progress);
+    }
     if (fDeleteSQL(choice, progress))
         return true;
     platform::ShowCritical(choice.toDatabase ? "Cannot continue deleting data"

@@ -9,6 +9,9 @@
 // What is settled before a run and behind it, on the Generate Data screen as by command.
 namespace vellumark {
 
+// The delimited text that was written last in this session.
+inline std::string LastTextFile;
+
 // What the Generate Data screen shows of the current schema.
 struct RunSchema {
     std::string targetType;        // of its Target Connection

@@ -7,6 +7,7 @@
 #include "platform/delimited_text.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "repository/fileComments.h"
 #include "repository/modJetTextValues.h"
 
 namespace vellumark {
@@ -70,6 +71,13 @@ dao::Statement PrepareInsert(const dao::Database& database, const dao::TableDef&
     if (reader.LineNumber() != reader.RowNumber())
         place += " (line " + std::to_string(reader.LineNumber()) + ")";
     throw platform::Error(error.Number(), place + ": " + error.Description());
+}
+
+// A run puts two comment lines above the rows.
+bool IsComment(const platform::DelimitedReader& reader) {
+    const std::string& text = reader.Fields().front().text;
+    return (reader.RowNumber() == 1 && text.starts_with(kGeneratedByComment)) ||
+           (reader.RowNumber() == 2 && text.starts_with(kTargetFormatComment));
 }
 
 class RowLoader {
@@ -139,13 +147,18 @@ int AppendDelimitedText(const dao::Database& database, const dao::TableDef& tabl
                         std::string_view delimiter) {
     platform::DelimitedReader reader(text, delimiter);
     RowLoader loader(database, table);
+    int rows = 0;
     try {
-        while (reader.ReadRow())
+        while (reader.ReadRow()) {
+            if (IsComment(reader))
+                continue;
             loader.Load(reader.Fields());
+            ++rows;
+        }
     } catch (const platform::Error& error) {
         ThrowInRow(reader, error);
     }
-    return reader.RowNumber();
+    return rows;
 }
 
 }  // namespace vellumark

@@ -1,8 +1,13 @@
 #include "tools/modTableLoad.h"
 
+#include "engine/modGenerateChoice.h"
 #include "platform/dialogs.h"
+#include "platform/error.h"
 #include "repository/modJetDatabaseServices.h"
+#include "repository/modOptionsMaintenance.h"
 #include "repository/modSequentialFileServices.h"
+#include "repository/modVellumark.h"
+#include "schema/modConnectionRows.h"
 
 namespace vellumark {
 
@@ -26,7 +31,50 @@ TableLoadField Refuse(TableLoadField field, const std::string& message) {
     return field;
 }
 
+std::optional<ConnectionDetails> ReadTarget() {
+    const dao::Recordset schema = RepositoryDatabase.OpenRecordset(
+        "select [FK CON Id Target] from [Database] where [Id] = ?", {CurrentDBSId});
+    if (schema.IsEOF()) {
+        platform::ShowExclamation("Cannot open the Database identifier " + std::to_string(CurrentDBSId));
+        return std::nullopt;
+    }
+    std::optional<ConnectionDetails> target = ReadConnection(schema.Long("FK CON Id Target"));
+    if (!target)
+        platform::ShowExclamation("Cannot open the Database Connnection Target");
+    return target;
+}
+
+std::string TableOfScenario() {
+    return dao::ToText(RepositoryDatabase.Lookup(
+        "select t.[Name] from [TSO Insert Table Rule] r join [Table] t on t.[FK DBS Id] = r.[FK DBS Id]"
+        " and t.[Id] = r.[FK TAB Id] where r.[FK DBS Id] = ? and r.[FK TSO Id] = ? order by r.[Sort Order]",
+        {CurrentDBSId, CurrentTSOId}));
+}
+
+void TakeTarget(TableLoad& load) {
+    const std::optional<ConnectionDetails> target = ReadTarget();
+    if (!target)
+        return;
+    load.database = target->mdbFile;
+    if (CurrentDBSSource == 'T' || CurrentDBSSource == 'R')
+        load.table = target->table.empty() ? TableOfScenario() : target->table;
+}
+
 }  // namespace
+
+TableLoad ReadTableLoadDefaults() {
+    TableLoad load;
+    load.file = LastTextFile;
+    try {
+        const RepositoryScope repository;
+        load.delimiter = ReadOptions().outputDelimiter;
+        if (CurrentDBSId != 0)
+            TakeTarget(load);
+    } catch (const platform::Error& error) {
+        platform::ShowUnexpectedError("reading the Target Connection", error);
+    }
+    return load;
+}
 
 std::optional<TableLoadField> FindLoadFault(const TableLoad& load) {
     using Field = TableLoadField;

@@ -13,6 +13,10 @@ struct TableLoad {
     std::string delimiter;
 };
 
+// What is offered: the delimited text that a run wrote last, and of the open schema the file of its Target
+// Connection with the sister tool's table. What can't be read stays empty behind a message.
+TableLoad ReadTableLoadDefaults();
+
 enum class TableLoadField { Database, Table, File, Delimiter };
 
 // The first field that is empty or names no file, after its message; nothing when all are well.
