@@ -1,7 +1,10 @@
 #include <filesystem>
+#include <functional>
 #include <gmock/gmock.h>
 
 #include "embedded.h"
+#include "platform/odbc/connection.h"
+#include "platform/odbc/driver_string.h"
 #include "proxy.h"
 #include "repository/modVellumark.h"
 #include "scenario/modNewSchema.h"
@@ -86,6 +89,26 @@ auto IsLostConnection() {
 TEST_P(ServerFailuresTest, ALineThatIsCutLeavesNoTrace) {
     for (const std::string& question : Questions(GetParam()))
         EXPECT_THAT(FailedRead('A', question, {}), IsLostConnection()) << question;
+}
+
+TEST_P(ServerFailuresTest, ALineThatIsLostIsAskedNoMore) {
+    Proxy proxy(database.Port(), "cut here", {});
+    odbc::Connection connection(
+        odbc::DriverManagerString(database.ConnectionStringWith({{"PORT", proxy.Port()}})));
+    const auto failure = [](const std::function<void()>& act) -> std::string {
+        try {
+            act();
+            return "none";
+        } catch (const platform::Error& error) {
+            return error.Line();
+        }
+    };
+    connection.Begin();
+    const std::string lost = failure([&] { connection.Execute("select 'cut here'; select 2"); });
+    EXPECT_THAT(lost, MatchesRegex("Error: [0-9]+ \\[.....\\] .+"));
+    EXPECT_EQ(failure([&] { connection.Execute("select 1"); }), lost);
+    EXPECT_EQ(failure([&] { connection.Rollback(); }), lost);
+    EXPECT_EQ(failure([&] { connection.Begin(); }), lost);
 }
 
 TEST_P(ServerFailuresTest, ASessionThatTheServerEndsLeavesNoTrace) {
