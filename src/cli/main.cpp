@@ -1,7 +1,9 @@
 #include <iostream>
+#include <sstream>
 #include <unistd.h>
 
 #include "cli/commands.h"
+#include "cli/secretWords.h"
 #include "platform/error.h"
 #include "repository/modRepositoryStores.h"
 #include "repository/modVellumark.h"
@@ -41,8 +43,10 @@ void MakeNamedStores(const CommandLine& line) {
 
 int Execute(const CommandLine& line) {
     try {
-        MakeNamedStores(line);
-        StartSession(line.settings);
+        if (line.needsSession) {
+            MakeNamedStores(line);
+            StartSession(line.settings);
+        }
         return line.run() ? kDone : kFailed;
     } catch (const platform::ProgramEnd&) {
         return kFailed;
@@ -52,13 +56,16 @@ int Execute(const CommandLine& line) {
     }
 }
 
-int Main(int argc, char** argv) {
-    ConsoleDialogs dialogs(isatty(STDERR_FILENO) != 0);
-    platform::UseDialogs(dialogs);
-    CommandLine line;
-    CLI::App app("Vellumark fills relational databases with test data and removes it again.",
-                 "vellumark-cli");
-    DescribeProgram(app, line);
+// The library's own messages repeat words that it doesn't know.
+int EndParsing(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& words) {
+    std::ostringstream out, messages;
+    const int status = app.exit(error, out, messages);
+    std::cout << out.str();
+    std::cerr << WithoutSecrets(messages.str(), words);
+    return status == 0 ? kDone : kUsage;
+}
+
+void AddCommands(CLI::App& app, CommandLine& line, ConsoleDialogs& dialogs) {
     AddSchemaCommands(app, line);
     AddConnectionCommands(app, line);
     AddReadCommand(app, line);
@@ -67,11 +74,25 @@ int Main(int argc, char** argv) {
     AddRuleCommands(app, line);
     AddSourceCommands(app, line);
     AddRunCommands(app, line, dialogs);
+    AddSQLCommand(app, line);
     AddToolCommands(app, line);
+    AddCompletionCommand(app, line);
+    AddManualCommand(app, line);
+}
+
+int Main(int argc, char** argv) {
+    const std::vector<std::string> words = TakeWords(argc, argv);
+    ConsoleDialogs dialogs(isatty(STDERR_FILENO) != 0);
+    platform::UseDialogs(dialogs);
+    CommandLine line;
+    CLI::App app("Vellumark fills relational databases with test data and removes it again.",
+                 "vellumark-cli");
+    DescribeProgram(app, line);
+    AddCommands(app, line, dialogs);
     try {
-        app.parse(argc, argv);
+        app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, std::cout, std::cerr) == 0 ? kDone : kUsage;
+        return EndParsing(app, error, words);
     }
     dialogs.AnswerYes(line.yes);
     const int status = Execute(line);

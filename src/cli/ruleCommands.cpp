@@ -39,15 +39,6 @@ struct ColumnWords {
     std::vector<std::string> settings;
 };
 
-bool OpenInsertScenario(const std::string& schema, const std::string& scenario) {
-    if (!OpenSchemaNamed(schema) || !OpenScenarioNamed(scenario))
-        return false;
-    if (CurrentTSOType == 'I')
-        return true;
-    platform::ShowExclamation("'" + CurrentTSOName + "' is a Delete Scenario.");
-    return false;
-}
-
 bool ReadChild(const std::string& child, DependencyDetails& details) {
     const std::size_t point = child.find('.');
     const std::optional<int> rule = platform::ParseLong(child.substr(0, point));

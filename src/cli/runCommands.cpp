@@ -77,6 +77,13 @@ bool Generate(const GenerateWords& words, ConsoleDialogs& dialogs) {
     return done;
 }
 
+std::string FormatWords() {
+    std::string words;
+    for (const std::string& word : FillDBMSList("All"))
+        words += (words.empty() ? "" : "|") + word;
+    return words;
+}
+
 }  // namespace
 
 void AddRunCommands(CLI::App& app, CommandLine& line, ConsoleDialogs& dialogs) {
@@ -89,7 +96,7 @@ void AddRunCommands(CLI::App& app, CommandLine& line, ConsoleDialogs& dialogs) {
     output->add_flag("--database", words->database, "Run against the schema's Target Connection");
     output->require_option(1);
     CLI::Option* format =
-        generate->add_option("--format", words->format, "Target format, for example Oracle");
+        generate->add_option("--format", words->format, "Target format")->type_name(FormatWords());
     file->needs(format);
     generate->callback(
         [&line, &dialogs, words] { line.run = [words, &dialogs] { return Generate(*words, dialogs); }; });

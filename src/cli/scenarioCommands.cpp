@@ -162,6 +162,15 @@ bool OpenScenarioNamed(const std::string& name) {
     return false;
 }
 
+bool OpenInsertScenario(const std::string& schema, const std::string& scenario) {
+    if (!OpenSchemaNamed(schema) || !OpenScenarioNamed(scenario))
+        return false;
+    if (CurrentTSOType == 'I')
+        return true;
+    platform::ShowExclamation("'" + CurrentTSOName + "' is a Delete Scenario.");
+    return false;
+}
+
 void AddScenarioCommands(CLI::App& app, CommandLine& line) {
     const auto schema = std::make_shared<std::string>();
     CLI::App* list =

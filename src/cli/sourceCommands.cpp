@@ -174,7 +174,7 @@ void AddSourceCommand(CLI::App& app, CommandLine& line) {
     source->add_option("COLUMN", words->column, "Name of the column")->required();
     AddCode(*source, "--kind", words->kind, kKinds, "Where the values are")->required();
     source->add_option("--category", words->category, "Name of the Category");
-    source->add_option("--file", words->file, "Text file or spreadsheet");
+    source->add_option("--file", words->file, "Text file or spreadsheet")->type_name("FILE");
     source->add_option("--sheet", words->details.sheet, "Worksheet (default: the first)");
     source->add_option("--delimiter", words->details.delimiter, "Delimiter of the fields");
     source->add_option("--field", words->field, "Number of the delimited field");
@@ -210,7 +210,7 @@ void AddImport(CLI::App& app, CommandLine& line, const char* group, const char* 
     import->add_option("NAME", words->name, "The new name")->required();
     if (typed)
         AddCode(*import, "--type", words->dataType, kDataTypes, "Data type of the values")->required();
-    import->add_option("FILE", words->file, "The text file")->required();
+    import->add_option("FILE", words->file, "The text file")->type_name("FILE")->required();
     import->callback([&line, words, action] { line.run = [words, action] { return action(*words);
 };
 }  // namespace

@@ -3,7 +3,10 @@
 
 #include "cli/commands.h"
 #include "platform/dialogs.h"
+#include "repository/modOptionsMaintenance.h"
 #include "repository/modSequentialFileServices.h"
+#include "repository/modTargetFormats.h"
+#include "tools/modLoadFile.h"
 #include "tools/modReports.h"
 #include "tools/modVersionControlRun.h"
 #include "tools/reportFile.h"
@@ -22,6 +25,15 @@ struct CarryWords {
     std::string source;
     std::string target;
     std::string log;
+};
+
+struct LoadFileWords {
+    std::string schema;
+    std::string scenario;
+    int rule = 0;
+    std::string format;
+    std::string file;
+    std::optional<std::string> delimiter;
 };
 
 std::string FolderOf(const ReportWords& words) {
@@ -50,6 +62,29 @@ bool CarrySchema(const CarryWords& words, VersionControlMode mode) {
     if (!fApplyVersionControl({target, mode, words.log}))
         return false;
     std::cout << words.log << "\n";
+    return true;
+}
+
+std::optional<TargetFormat> LoadFormatNamed(const std::string& name) {
+    const std::optional<TargetFormat> format = ParseTargetFormat(name);
+    std::string known;
+    for (const std::string& word : FillDBMSList("CreateLoadFile")) {
+        if (format && word == TargetFormatName(*format))
+            return format;
+        known += "\n  " + word;
+    }
+    platform::ShowExclamation("There is no load file format '" + name + "'. The formats are:" + known);
+    return std::nullopt;
+}
+
+bool CreateLoadFile(const LoadFileWords& words) {
+    const std::optional<TargetFormat> format = LoadFormatNamed(words.format);
+    if (!format || !OpenInsertScenario(words.schema, words.scenario))
+        return false;
+    const std::string delimiter = words.delimiter ? *words.delimiter : ReadOptions().outputDelimiter;
+    if (!fCreateLoadFile({words.rule, *format, delimiter, words.file}))
+        return false;
+    std::cout << words.file << "\n";
     return true;
 }
 
@@ -84,6 +119,21 @@ void AddCarry(CLI::App& app, CommandLine& line, const char* name, const char* he
         [&line, words, mode] { line.run = [words, mode] { return CarrySchema(*words, mode); }; });
 }
 
+void AddLoadFile(CLI::App& app, CommandLine& line) {
+    const auto words = std::make_shared<LoadFileWords>();
+    CLI::App* command =
+        app.add_subcommand("load-file", "Write a bulk loader's control file for a rule's delimited text");
+    command->add_option("SCHEMA", words->schema, "Name of the Database schema")->required();
+    command->add_option("SCENARIO", words->scenario, "Name of the Insert Scenario")->required();
+    command->add_option("RULE", words->rule, "Id of the Table rule")->required();
+    command->add_option("--format", words->format, "Whose loader, for example Oracle")->required();
+    command->add_option("--file", words->file, "Write to this file")->type_name("PATH")->required();
+    command
+        ->add_option("--delimiter", words->delimiter, "Of the delimited text (default: that of the options)")
+        ->type_name("CHARACTER");
+    command->callback([&line, words] { line.run = [words] { return CreateLoadFile(*words); }; });
+}
+
 }  // namespace
 
 void AddToolCommands(CLI::App& app, CommandLine& line) {
@@ -92,6 +142,7 @@ void AddToolCommands(CLI::App& app, CommandLine& line) {
              VersionControlMode::VersionControl);
     AddCarry(app, line, "merge", "Add to a schema what another one has, with its Scenarios",
              VersionControlMode::Merge);
+    AddLoadFile(app, line);
 }
 
 }  // namespace vellumark

@@ -193,9 +193,7 @@ TEST_F(CliTest, RepositoryThatCannotBeUsedEndsTheProgram) {
     {
         const dao::Database other = Repository();
         const dao::Transaction lock(other);
-        const std::string locked = Failure({"schemas"});
-        EXPECT_TRUE(locked.starts_with(start)) << locked;
-        EXPECT_NE(locked.find("Error: 3218 database is locked"), std::string::npos) << locked;
+        EXPECT_EQ(Run({"schemas"}).out, "Shop\n");
     }
     const auto asNobody = [] {
         if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
@@ -271,13 +269,7 @@ TEST_F(CliTest, KilledProgramLeavesAllOrNothing) {
     KillUntil(reached(none, read),
               {"--settings", settings, "--yes", "read", "Big", "--type", "Jet", "--mdb", big});
     const std::string copyFolder = folder.Path("databases/Big.dbs/Copy.tso");
-    const auto isCopied = [&, check = reached(read, copied)] {
-        const bool there = check();
-        if (!there)
-            fs::remove_all(copyFolder);
-        return there;
-    };
-    KillUntil(isCopied,
+    KillUntil(reached(read, copied),
               {"--settings", settings, "scenario", "copy", "Big", "Scenario to create data", "Copy"});
     EXPECT_TRUE(fs::exists(copyFolder));
     KillUntil(reached(copied, none), {"--settings", settings, "--yes", "drop", "Big"});

@@ -132,6 +132,29 @@ TEST_F(CliRulesTest, DependenciesAreTakenAwayAgain) {
     EXPECT_EQ(Run({"depend", "Music", "Fill", "--clear-all", "--child", "2.ArtistId"}).status, 2);
 }
 
+TEST_F(CliRulesTest, DelimitedTextGoesIntoATable) {
+    const std::string control = folder.Write("albums.txt", "replaced"), rows = folder.Path("rows.txt");
+    const std::vector<std::string> words = {"load-file", "Music",  "Fill",  "2",           "--format",
+                                            "oracle",    "--file", control, "--delimiter", ";"};
+    EXPECT_EQ(Do(words), control + "\n");
+    EXPECT_NE(ReadFile(control).find("INTO TABLE Album\r\nFIELDS TERMINATED BY \";\"\r\n(\r\nId,\r\n"),
+              std::string::npos);
+    // The first rule's rows, below the two comment lines.
+    Do({"generate", "Music", "Fill", "--file", rows, "--format", "Text File - Delimited"});
+    const std::string text = ReadFile(rows);
+    folder.Write("rows.txt", text.substr(0, text.rfind("\r\n101,")) + "\r\n");
+    EXPECT_EQ(Do({"load-table", "--mdb", shop, "--table", "Artist", "--file", rows, "--delimiter", ","}),
+              "3 rows\n");
+    EXPECT_EQ(ShopRows("select * from Artist"), "1|Kept\n101|Name101\n102|Name102\n103|Name103");
+    const std::string refusal =
+        Refusal({"load-table", "--mdb", shop, "--table", "Artist", "--file", rows, "--delimiter", ";"});
+    EXPECT_TRUE(
+        refusal.ends_with("Error: 13 Row 3: column Id: '101,Name101' is no whole number\n"
+                          "exclamation: Table not loaded\n"))
+        << refusal;
+    EXPECT_EQ(ShopRows("select count(*) from Artist"), "4");
+}
+
 TEST_F(CliRulesTest, RefusalsTellWhatIsWrong) {
     const std::vector<std::string> source = {"source", "Music", "Fill", "1", "Name", "--kind"};
     const auto with = [&source](std::vector<std::string> more) {
@@ -158,6 +181,11 @@ TEST_F(CliRulesTest, RefusalsTellWhatIsWrong) {
         {with({"database", "--type", "Jet", "--mdb", "x.mdb"}),
          "Please enter the database connection details"},
         {{"category", "import", "X", "--type", "date", folder.Path("none.txt")}, "Cannot open the file: "},
+        {{"load-file", "Music", "Fill", "2", "--format", "Sybase", "--file", "x.txt"},
+         "There is no load file format 'Sybase'. The formats are:\n  DB2 Universal Database\n  Jet\n"
+         "  MS/SQL Server\n  Oracle\n"},
+        {{"load-file", "Music", "Fill", "9", "--format", "Jet", "--file", "x.txt"},
+         "There is no Table rule 9 in this Scenario."},
         {{"show", "Music", "Fill", "9"}, "There is no Table rule 9 in this Scenario."},
         {{"column", "Music", "Scenario to delete data", "1", "Name", "Flag Exclude=True"},
          "'Scenario to delete data' is a Delete Scenario."},

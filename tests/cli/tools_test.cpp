@@ -1,5 +1,6 @@
-// Reports, version control and merge by command.
+// Reports, version control, merge and SQL by command.
 
+#include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -67,6 +68,49 @@ TEST_F(CliToolsTest, RefusesWhatItCanNotCarry) {
                   " is a store of Vellumark and cannot be replaced.\n");
     EXPECT_EQ(Run({"merge", "New", "Old"}).status, 2);
     EXPECT_FALSE(std::filesystem::exists(log));
+}
+
+TEST_F(CliToolsTest, RunsAStatement) {
+    const struct {
+        std::vector<std::string> words;
+        std::string result;
+    } cases[] = {
+        {{"insert into [Item] values (1, 'Bolt \"M\"', 2.5), (12, null, null)"},
+         "0 SQL statement processed\n"},
+        {{"insert into [Item] values (3, 'a' || char(10) || 'é,b', 10), (4, '', 0)"},
+         "0 SQL statement processed\n"},
+        {{"select * from [Item] order by [Id];"},
+         "0 Id  Name      Price\n"
+         "--  --------  -----\n"
+         " 1  Bolt \"M\"    2.5\n"
+         " 3  a é,b        10\n"
+         " 4                0\n"
+         "12\n"
+         "(4 rows)\n"},
+        {{"select * from [Item] order by [Id]", "--csv"},
+         "0 Id,Name,Price\r\n1,\"Bolt \"\"M\"\"\",2.5\r\n3,\"a\né,b\",10\r\n4,\"\",0\r\n12,,\r\n"},
+        {{"select [Id] from [Item] where 1 = 0"}, "0 Id\n--\n(0 rows)\n"},
+        {{"delete from [Item]; delete from [Item]"},
+         "1 exclamation: Error 3142: Characters found after end of SQL statement.\n"},
+        {{"select [Price] from [Nothing]", "--csv"}, "1 exclamation: Error 3078: no such table: Nothing\n"},
+        {{"delete from [Item] where [Id] > 3"}, "0 SQL statement processed\n"},
+        {{"select count(*) as n from [Item]", "--csv"}, "0 n\r\n2\r\n"},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> words = {"sql", "New"};
+        words.insert(words.end(), c.words.begin(), c.words.end());
+        EXPECT_EQ(Output(words), c.result) << c.words[0];
+    }
+    EXPECT_EQ(Output({"sql", "Newer", "select 1"}), "1 exclamation: There is no Database schema 'Newer'.\n");
+    EXPECT_EQ(Run({"sql", "New"}).status, 2);
+}
+
+TEST_F(CliToolsTest, ReadsAStatementFromStandardInput) {
+    const std::string script =
+        folder.Write("script.sql", "-- it's the items\nselect [Id],\n  [Name]\nfrom [Item];\n");
+    const CliResult result = RunCli({"--settings", folder.Path("Vellumark.INI"), "sql", "New", "-", "--csv"},
+                                    [&] { ASSERT_NE(std::freopen(script.c_str(), "r", stdin), nullptr); });
+    EXPECT_EQ(result.out + result.err, "Id,Name\r\n");
 }
 
 TEST_F(CliToolsTest, WritesReports) {
