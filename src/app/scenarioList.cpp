@@ -56,6 +56,7 @@ ScenarioList::ScenarioList(QWidget* parent) : QStackedWidget(parent), entries_(0
         view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setSelectionMode(QAbstractItemView::SingleSelection);
         view->setFrameShape(QFrame::NoFrame);
+        view->setAccessibleName("Test Scenarios");
         view->installEventFilter(this);
         addWidget(view);
         connect(view, &QAbstractItemView::doubleClicked, this, &ScenarioList::Opened);

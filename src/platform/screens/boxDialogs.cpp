@@ -6,6 +6,7 @@
 
 #include "platform/screens/frmQuestion.h"
 #include "platform/screens/qtText.h"
+#include "platform/screens/screenHelp.h"
 
 namespace vellumark {
 
@@ -33,6 +34,10 @@ QMessageBox::Icon BoxIcon(platform::Icon icon) {
 void SetText(QMessageBox& box, const std::string& text) {
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text));
+    AddHelpKey(box, [&box] {
+        if (HelpOnMessage)
+            HelpOnMessage(box.text());
+    });
 }
 
 // The usual pointer while a box waits for the user, even where the operation under it shows the hourglass.

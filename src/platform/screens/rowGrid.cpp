@@ -3,8 +3,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QTimer>
 
 #include "platform/screens/choiceDelegate.h"
@@ -33,13 +35,15 @@ RowGrid::RowGrid(QWidget* parent) : QTableView(parent) {
     setWordWrap(false);
 }
 
-void RowGrid::Show(GridRows& rows) {
+void RowGrid::Show(GridSource& rows) {
     RowGridModel* const former = rows_;
     rows_ = std::make_unique<RowGridModel>(rows, this).release();
     setModel(rows_);
     delete former;
     connect(rows_, &QAbstractItemModel::rowsRemoved, this, &RowGrid::CurrentRowChanged);
-    verticalHeader()->setVisible(rows.CanInsert() || rows.CanDelete());
+    source_ = &rows;
+    fitted_ = false;
+    ShowMarks();
     SetChoices();
     FitColumns();
     if (rows_->rowCount() > 0)
@@ -56,6 +60,14 @@ void RowGrid::Reload() {
     if (row < rows_->rowCount())
         setCurrentIndex(rows_->index(row, column));
     emit CurrentRowChanged();
+}
+
+void RowGrid::ShowGrown() {
+    rows_->ShowGrown();
+    ShowMarks();
+    FitColumns();
+    if (!currentIndex().isValid() && rows_->rowCount() > 0)
+        setCurrentIndex(rows_->index(0, 0));
 }
 
 bool RowGrid::CommitRow() {
@@ -101,6 +113,10 @@ bool RowGrid::SelectId(int id) {
 void RowGrid::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste))
         Paste();
+    else if (event->matches(QKeySequence::Copy) && currentIndex().isValid())
+        QApplication::clipboard()->setText(currentIndex().data(Qt::EditRole).toString());
+    else if (TakeNullKey(*event))
+        event->accept();
     else if (event->key() == Qt::Key_Escape && rows_ != nullptr && rows_->EditedRow() >= 0)
         CancelRow();
     else if (event->key() == Qt::Key_Delete && state() != EditingState)
@@ -113,9 +129,9 @@ void RowGrid::currentChanged(const QModelIndex& current, const QModelIndex& prev
     QTableView::currentChanged(current, previous);
     if (goingBack_ || current.row() == previous.row())
         return;
-    if (rows_ != nullptr && rows_->EditedRow() >= 0 && rows_->EditedRow() != current.row() &&
-        !rows_->CommitRow()) {
-        GoBackTo(rows_->EditedRow(), std::max(0, previous.column()));
+    const int edited = rows_ == nullptr ? -1 : rows_->EditedRow();
+    if (edited >= 0 && edited != current.row() && !rows_->CommitRow()) {
+        GoBackTo(edited, std::max(0, previous.column()));
         return;
     }
     emit CurrentRowChanged();
@@ -129,8 +145,40 @@ void RowGrid::focusOutEvent(QFocusEvent* event) {
     if (next == nullptr || next->window() != window() || isAncestorOf(next) ||
         qobject_cast<const QAbstractButton*>(next) != nullptr)
         return;
-    if (rows_ != nullptr && rows_->EditedRow() >= 0 && !CommitRow())
-        GoBackTo(rows_->EditedRow(), std::max(0, currentIndex().column()));
+    const int edited = rows_ == nullptr ? -1 : rows_->EditedRow();
+    if (edited >= 0 && !CommitRow())
+        GoBackTo(edited, std::max(0, currentIndex().column()));
+}
+
+void RowGrid::SetCurrentCell(CellState state) {
+    if (rows_ == nullptr || !currentIndex().isValid())
+        return;
+    CloseEditor();
+    rows_->SetCellState(currentIndex(), state);
+}
+
+bool RowGrid::TakeNullKey(const QKeyEvent& event) {
+    if (event.modifiers() != Qt::ControlModifier || (event.key() != Qt::Key_0 && event.key() != Qt::Key_E))
+        return false;
+    SetCurrentCell(event.key() == Qt::Key_0 ? CellState::Null : CellState::Text);
+    return true;
+}
+
+// For cells that can be Null.
+void RowGrid::contextMenuEvent(QContextMenuEvent* event) {
+    const QModelIndex cell = indexAt(event->pos());
+    if (!cell.isValid() || !rows_->Column(cell.column()).nullable)
+        return;
+    setCurrentIndex(cell);
+    const bool open = rows_->flags(cell) & Qt::ItemIsEditable;
+    QMenu menu(this);
+    const auto entry = [&](const QString& caption, const QKeySequence& key, CellState state) {
+        QAction* action = menu.addAction(caption, key, this, [this, state] { SetCurrentCell(state); });
+        action->setEnabled(open);
+    };
+    entry("Set to &Null", QKeySequence(Qt::CTRL | Qt::Key_0), CellState::Null);
+    entry("Set to &Empty Text", QKeySequence(Qt::CTRL | Qt::Key_E), CellState::Text);
+    menu.exec(event->globalPos());
 }
 
 void RowGrid::SetChoices() {
@@ -141,6 +189,11 @@ void RowGrid::SetChoices() {
             column, choice ? std::make_unique<ChoiceDelegate>(rows_->Column(column).choices, this).release()
                            : nullptr);
     }
+}
+
+// The row being edited and the one for a new row are marked beside the rows.
+void RowGrid::ShowMarks() {
+    verticalHeader()->setVisible(source_->CanInsert() || source_->CanDelete());
 }
 
 // Once, at the first rows there are; what the user changes afterwards stays.

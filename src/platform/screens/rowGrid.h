@@ -7,7 +7,7 @@
 
 namespace vellumark {
 
-// A grid over GridRows: one row is edited at a time and written as the cursor leaves it, Escape drops it,
+// A grid over a GridSource: one row is edited at a time and written as the cursor leaves it, Escape drops it,
 // Delete deletes the row, and text pasted from a spreadsheet fills cells from the current one on.
 class RowGrid : public QTableView {
     Q_OBJECT
@@ -16,11 +16,13 @@ class RowGrid : public QTableView {
     explicit RowGrid(QWidget* parent = nullptr);
 
     // Shows these rows, which must outlive the grid or the next call; the first row becomes the current one.
-    void Show(GridRows& rows);
+    void Show(GridSource& rows);
     // Reads the rows anew and stays on the row with the current id, if it is still there.
     void Reload();
+    // Shows rows that have come to the end since, and takes over what may be done with them.
+    void ShowGrown();
 
-    // Writes the row being edited; false when it stays open. A screen calls this before it closes.
+    // Writes the row being edited; false when it was refused. A screen calls this before it closes.
     bool CommitRow();
     void CancelRow();
     bool HasEditedRow() const { return rows_ != nullptr && rows_->EditedRow() >= 0; }
@@ -29,6 +31,8 @@ class RowGrid : public QTableView {
     void Paste();
     // Adds the lines on the clipboard as new rows.
     void PasteAtEnd();
+    // Makes the current cell Null, or an empty text.
+    void SetCurrentCell(CellState state);
 
     // The current row; nothing on the empty one at the end.
     const GridRow* CurrentRow() const;
@@ -43,14 +47,19 @@ class RowGrid : public QTableView {
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
     void SetChoices();
     void FitColumns();
     void CloseEditor();
+    bool TakeNullKey(const QKeyEvent& event);
     void GoBackTo(int row, int column);
     bool PasteLine(int row, int column, const QStringList& cells);
 
+    void ShowMarks();
+
+    const GridSource* source_ = nullptr;
     RowGridModel* rows_ = nullptr;
     bool fitted_ = false;
     bool goingBack_ = false;

@@ -1,29 +1,62 @@
 #include "platform/screens/rowGridModel.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <algorithm>
 
 #include "platform/screens/qtText.h"
 
 namespace vellumark {
 
-RowGridModel::RowGridModel(GridRows& rows, QObject* parent)
-    : QAbstractTableModel(parent), rows_(rows), columns_(rows.Columns()), shown_(rows.Load()) {}
+RowGridModel::RowGridModel(GridSource& rows, QObject* parent)
+    : QAbstractTableModel(parent), rows_(rows), columns_(rows.Columns()) {
+    rows_.Reload();
+    shown_ = rows_.Count();
+    offering_ = rows_.CanInsert();
+}
 
 void RowGridModel::Reload() {
     beginResetModel();
     editedRow_ = -1;
     adding_ = false;
     columns_ = rows_.Columns();
-    shown_ = rows_.Load();
+    rows_.Reload();
+    shown_ = rows_.Count();
+    offering_ = rows_.CanInsert();
     endResetModel();
+}
+
+void RowGridModel::ShowGrown() {
+    if (adding_)
+        return;
+    if (rows_.Count() > shown_) {
+        beginInsertRows({}, shown_, rows_.Count() - 1);
+        shown_ = rows_.Count();
+        endInsertRows();
+    }
+    if (rows_.CanInsert() == offering_)
+        return;
+    if (offering_)
+        beginRemoveRows({}, shown_, shown_);
+    else
+        beginInsertRows({}, shown_, shown_);
+    offering_ = !offering_;
+    if (offering_)
+        endInsertRows();
+    else
+        endRemoveRows();
 }
 
 bool RowGridModel::CommitRow() {
     if (editedRow_ < 0)
         return true;
-    GridRow& row = shown_[static_cast<std::size_t>(editedRow_)];
-    if (!rows_.Validate(row) || !(adding_ ? rows_.Insert(row) : rows_.Update(row)))
+    if (!rows_.Validate(edited_))
         return false;
+    const RowWrite outcome = adding_ ? rows_.InsertAtEnd(edited_) : rows_.UpdateAt(editedRow_, edited_);
+    if (outcome != RowWrite::Done) {
+        TakeRefusal(outcome, editedRow_);
+        return false;
+    }
     const int written = editedRow_;
     editedRow_ = -1;
     if (adding_)
@@ -32,16 +65,31 @@ bool RowGridModel::CommitRow() {
     return true;
 }
 
+void RowGridModel::TakeRefusal(RowWrite outcome, int row) {
+    if (outcome == RowWrite::Open)
+        return;
+    if (row == editedRow_)
+        editedRow_ = -1;
+    if (outcome == RowWrite::Gone)
+        RemoveRow(row);
+    else
+        ShowRow(row);
+}
+
+void RowGridModel::RemoveRow(int row) {
+    if (editedRow_ > row)
+        --editedRow_;
+    beginRemoveRows({}, row, row);
+    --shown_;
+    endRemoveRows();
+}
+
 void RowGridModel::CancelRow() {
     if (editedRow_ < 0)
         return;
     const int row = editedRow_;
     editedRow_ = -1;
     // A new row turns back into the empty one at the end.
-    if (adding_)
-        shown_.pop_back();
-    else
-        shown_[static_cast<std::size_t>(row)] = before_;
     adding_ = false;
     ShowRow(row);
 }
@@ -51,31 +99,27 @@ bool RowGridModel::DeleteRow(int row) {
         CancelRow();
         return true;
     }
-    const GridRow* shown = RowAt(row);
-    if (shown == nullptr || !rows_.CanDelete() || !rows_.Delete(row == editedRow_ ? before_ : *shown))
+    if (row < 0 || row >= shown_ || !rows_.CanDelete())
         return false;
+    const RowWrite outcome = rows_.DeleteAt(row);
+    if (outcome != RowWrite::Done) {
+        TakeRefusal(outcome, row);
+        return false;
+    }
     if (row == editedRow_)
         editedRow_ = -1;
-    else if (editedRow_ > row)
-        --editedRow_;
-    beginRemoveRows({}, row, row);
-    shown_.erase(shown_.begin() + row);
-    endRemoveRows();
+    RemoveRow(row);
     return true;
 }
 
 const GridRow* RowGridModel::RowAt(int row) const {
-    return row >= 0 && row < static_cast<int>(shown_.size()) ? &shown_[static_cast<std::size_t>(row)]
-                                                             : nullptr;
-}
-
-int RowGridModel::FindId(int id) const {
-    const auto found = std::ranges::find(shown_, id, &GridRow::id);
-    return found == shown_.end() ? -1 : static_cast<int>(found - shown_.begin());
+    if (row >= 0 && row == editedRow_)
+        return &edited_;
+    return row >= 0 && row < shown_ ? &rows_.RowAt(row) : nullptr;
 }
 
 int RowGridModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(shown_.size()) + (rows_.CanInsert() && !adding_ ? 1 : 0);
+    return parent.isValid() ? 0 : shown_ + (offering_ ? 1 : 0);
 }
 
 int RowGridModel::columnCount(const QModelIndex& parent) const {
@@ -83,19 +127,27 @@ int RowGridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RowGridModel::data(const QModelIndex& index, int role) const {
-    const GridRow* row = RowAt(index.row());
     const GridColumn& column = Column(index.column());
     if (role == Qt::TextAlignmentRole && column.kind == CellKind::Number)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
-    if (row == nullptr)
+    if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::CheckStateRole &&
+        role != Qt::ForegroundRole)
         return {};
-    const std::string& cell = row->cells[static_cast<std::size_t>(index.column())];
-    if (column.kind == CellKind::Check)
+    const GridRow* row = RowAt(index.row());
+    return row == nullptr ? QVariant() : CellData(*row, index.column(), role);
+}
+
+QVariant RowGridModel::CellData(const GridRow& row, int column, int role) const {
+    const std::string& cell = row.cells[static_cast<std::size_t>(column)];
+    if (Column(column).kind == CellKind::Check)
         return role == Qt::CheckStateRole ? QVariant(cell == kChecked ? Qt::Checked : Qt::Unchecked)
                                           : QVariant();
-    if (role == Qt::DisplayRole || role == Qt::EditRole)
-        return ToQt(cell);
-    return {};
+    const bool isNull = row.State(static_cast<std::size_t>(column)) == CellState::Null;
+    if (role == Qt::ForegroundRole)
+        return isNull ? QVariant(QGuiApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
+    if (role == Qt::DisplayRole && isNull)
+        return QString("(null)");
+    return role == Qt::CheckStateRole ? QVariant() : QVariant(ToQt(cell));
 }
 
 QVariant RowGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -123,20 +175,33 @@ Qt::ItemFlags RowGridModel::flags(const QModelIndex& index) const {
 
 bool RowGridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     const bool check = Column(index.column()).kind == CellKind::Check;
-    if (role != (check ? Qt::CheckStateRole : Qt::EditRole) ||
-        !(flags(index) & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)))
+    if (role != (check ? Qt::CheckStateRole : Qt::EditRole))
         return false;
     const std::string text = !check ? FromQt(value.toString()) : value.toInt() == Qt::Checked ? kChecked : "";
     const GridRow* present = RowAt(index.row());
-    const std::string& old =
-        present ? present->cells[static_cast<std::size_t>(index.column())] : std::string();
-    if (text == old)
+    // Nothing typed leaves a cell what it is, Null too.
+    if (text == (present ? present->cells[static_cast<std::size_t>(index.column())] : std::string()))
         return false;
-    if (!StartEditing(index.row()))
+    return ChangeCell(index, text, CellState::Text);
+}
+
+bool RowGridModel::SetCellState(const QModelIndex& index, CellState state) {
+    const GridRow* present = RowAt(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    if (!Column(index.column()).nullable ||
+        (present != nullptr && present->State(column) == state && present->cells[column].empty()))
         return false;
-    GridRow& row = shown_[static_cast<std::size_t>(index.row())];
-    row.cells[static_cast<std::size_t>(index.column())] = text;
-    rows_.CellChanged(row, index.column());
+    return ChangeCell(index, "", state);
+}
+
+bool RowGridModel::ChangeCell(const QModelIndex& index, const std::string& text, CellState state) {
+    if (!(flags(index) & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) || !StartEditing(index.row()))
+        return false;
+    const auto column = static_cast<std::size_t>(index.column());
+    edited_.cells[column] = text;
+    if (state != edited_.State(column))
+        edited_.SetState(column, state);
+    rows_.CellChanged(edited_, index.column());
     ShowRow(index.row());
     return true;
 }
@@ -146,27 +211,25 @@ bool RowGridModel::StartEditing(int row) {
         return true;
     if (!CommitRow())
         return false;
-    if (IsNewRow(row)) {
+    if (IsNewRow(row))
         AppendNewRow();
-    } else {
-        before_ = shown_[static_cast<std::size_t>(row)];
-    }
+    else
+        edited_ = rows_.RowAt(row);
     editedRow_ = row;
     return true;
 }
 
 // The empty row at the end becomes a row; another one comes behind it once it is written.
 void RowGridModel::AppendNewRow() {
-    GridRow row{0, std::vector<std::string>(columns_.size())};
-    rows_.BeforeInsert(row);
-    shown_.push_back(std::move(row));
+    edited_ = GridRow{0, std::vector<std::string>(columns_.size())};
+    rows_.BeforeInsert(edited_);
     adding_ = true;
 }
 
 void RowGridModel::OfferNewRow() {
-    const int end = static_cast<int>(shown_.size());
-    beginInsertRows({}, end, end);
+    beginInsertRows({}, shown_ + 1, shown_ + 1);
     adding_ = false;
+    ++shown_;
     endInsertRows();
 }
 

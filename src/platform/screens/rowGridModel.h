@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <optional>
 #include <vector>
 
 #include "platform/screens/gridRows.h"
@@ -14,23 +13,27 @@ class RowGridModel : public QAbstractTableModel {
 
  public:
     // `rows` must outlive the model.
-    explicit RowGridModel(GridRows& rows, QObject* parent = nullptr);
+    explicit RowGridModel(GridSource& rows, QObject* parent = nullptr);
 
     // Reads the rows anew; a row being edited is dropped.
     void Reload();
+    // Shows rows that have come to the end since, and the empty row there as CanInsert tells.
+    void ShowGrown();
 
-    // Writes the row being edited, if there is one; false when it stays open.
+    // Writes the row being edited, if there is one; false when it was refused.
     bool CommitRow();
     void CancelRow();
     int EditedRow() const { return editedRow_; }  // -1 when none
 
     bool DeleteRow(int row);
 
-    // The row shown there; nothing for the empty one at the end.
+    // The row shown there, valid until the next call; nothing for the empty one at the end.
     const GridRow* RowAt(int row) const;
-    int FindId(int id) const;  // -1 when it isn't there
-    bool IsNewRow(int row) const { return row == static_cast<int>(shown_.size()); }
+    int FindId(int id) const { return rows_.FindId(id); }  // -1 when it isn't there
+    bool IsNewRow(int row) const { return row == shown_ && !adding_; }
     const GridColumn& Column(int column) const { return columns_[static_cast<std::size_t>(column)]; }
+    // Makes an open cell Null or, for CellState::Text, an empty text.
+    bool SetCellState(const QModelIndex& index, CellState state);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -40,15 +43,20 @@ class RowGridModel : public QAbstractTableModel {
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
  private:
+    QVariant CellData(const GridRow& row, int column, int role) const;
+    bool ChangeCell(const QModelIndex& index, const std::string& text, CellState state);
     bool StartEditing(int row);
     void AppendNewRow();
     void OfferNewRow();
+    void TakeRefusal(RowWrite outcome, int row);
+    void RemoveRow(int row);
     void ShowRow(int row);
 
-    GridRows& rows_;
+    GridSource& rows_;
     std::vector<GridColumn> columns_;
-    std::vector<GridRow> shown_;
-    GridRow before_;  // the edited row as it is stored
+    int shown_ = 0;          // rows of the source that the view knows of
+    bool offering_ = false;  // the empty row at the end is there
+    GridRow edited_;
     int editedRow_ = -1;
     bool adding_ = false;
 };

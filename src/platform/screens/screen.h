@@ -5,7 +5,8 @@
 
 namespace vellumark {
 
-// The base of all screens but the main one. It remembers its size under its object name, which its form sets.
+// The base of all screens but the main one. It remembers its size under its object name, which its form sets,
+// names its controls to screen readers by their labels, and F1 opens the help on it.
 class Screen : public QDialog {
  public:
     explicit Screen(QWidget* parent = nullptr);
@@ -15,7 +16,7 @@ class Screen : public QDialog {
     void hideEvent(QHideEvent* event) override;
 
  private:
-    bool sized_ = false;
+    bool prepared_ = false;
 };
 
 // Brings up the one instance of a screen that stands beside the main window, making it when there is none. It

@@ -47,6 +47,8 @@ class ColumnRuleEditor : public QObject {
     void SetOnSourceChanged(std::function<void()> changed) { onSourceChanged_ = std::move(changed); }
 
  private:
+    static constexpr int kOverridden = 1;  // the place in the list for a date or time: it is typed beside it
+
     void AddPages();
     void FillLists();
     void Connect();

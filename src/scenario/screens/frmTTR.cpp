@@ -11,6 +11,7 @@
 #include "platform/error.h"
 #include "platform/screens/icons.h"
 #include "platform/screens/qtText.h"
+#include "platform/screens/sqlHighlighter.h"
 #include "repository/modVellumark.h"
 #include "repository/screens/textFields.h"
 #include "scenario/modDTRmaintenance.h"
@@ -120,6 +121,7 @@ void frmTTR::SetUpDetails() {
     for (QLineEdit* field : {ui_->txtTabStart, ui_->txtTabEnd})
         NumericKeys(*field, DataType::Integer);
     SelectTextOnFocus(*ui_->fraTable);
+    std::make_unique<SqlHighlighter>(*ui_->rtfWhere).release();  // the box's own
     editor_ = std::make_unique<ColumnRuleEditor>(*ui_->vstDetails, nullptr);
     OrderTabs();
     editor_->SetOnSourceChanged([this] { Tree(side_).ReloadColumns(selected_.ruleId); });
