@@ -1,11 +1,8 @@
 #include "app/screenOpeners.h"
 
-#include <string>
-
 #include "app/frmAbout.h"
 #include "app/frmTechSupport.h"
 #include "engine/screens/frmTableStatistics.h"
-#include "platform/dialogs.h"
 #include "repository/screens/frmOptions.h"
 #include "scenario/modNewSchema.h"
 #include "scenario/screens/frmCNVMaintenance.h"
@@ -19,18 +16,13 @@
 #include "schema/screens/frmDatabaseTree.h"
 #include "schema/screens/frmNewCOOLGen.h"
 #include "schema/screens/frmSheetWeaver.h"
+#include "tools/screens/builderOpeners.h"
+#include "tools/screens/frmLoadTable.h"
 #include "tools/screens/frmVersionControl.h"
 #include "tools/screens/reportOpeners.h"
+#include "tools/screens/viewerOpeners.h"
 
 namespace vellumark {
-
-namespace {
-
-void NotYet(const std::string& subject) {
-    platform::ShowInformation(subject + " is not part of this version yet.");
-}
-
-}  // namespace
 
 void ReadNewSchema(QWidget* main) {
     frmDatabaseConnection(kConnectNew, main).exec();
@@ -109,16 +101,16 @@ void GenerateData(QWidget* main) {
     ShowGenerateData(main);
 }
 
-void ViewTargetData(QWidget* /*main*/) {
-    NotYet("Editing data on the Target database");
+void ViewTargetData(QWidget* main) {
+    ViewData(ViewerCaller::Target, main);
 }
 
-void BuildSQL(QWidget* /*main*/) {
-    NotYet("The SQL builder");
+void BuildSQL(QWidget* main) {
+    BuildSQLText(main, BuilderCaller::Main);
 }
 
-void LoadJetTable(QWidget* /*main*/) {
-    NotYet("Loading a Jet table");
+void LoadJetTable(QWidget* main) {
+    frmLoadTable(main).exec();
 }
 
 void ShowOptions(QWidget* main) {

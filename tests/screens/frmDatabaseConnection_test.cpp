@@ -228,8 +228,13 @@ TEST_F(DatabaseConnectionTest, TheTargetIsStoredAndConnected) {
     Click(form, "optDAO");
     Type(form, "txtMDB", file);
     Type(form, "txtIgnoreTable", "audit");
+    WhenShown("frmViewData", [](QWidget& viewer) {
+        EXPECT_GT(Child<QComboBox>(viewer, "cboTable").count(), 0);
+        Click(viewer, "cmdClose");
+    });
     Click(form, "cmdViewData");
-    EXPECT_EQ(recorder.Take(), "information: Viewing data is not part of this version yet.");
+    EXPECT_EQ(recorder.Take(), "");
+    EXPECT_EQ(TargetConnectionState, 'D');
     EXPECT_EQ(ConnectionForm.mdbFile, file);
     Click(form, "cmdCancel");
     EXPECT_EQ(Rows("select [MDB File] is null from [Database Connection]"), "1");

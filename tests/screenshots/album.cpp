@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <cstdio>
 
+#include "access_faults.h"
 #include "platform/screens/qtText.h"
 
 namespace vellumark::test {
@@ -18,6 +20,10 @@ void Album::Take(const std::string& name, QWidget& screen) const {
     screen.show();
     QTest::qWait(kSettleMilliseconds);
     screen.grab().save(ToQt(folder_ + "/" + name + ".png"));
+    for (const std::string& fault : AccessFaults(screen)) {
+        std::fprintf(stderr, "%s: %s\n", name.c_str(), fault.c_str());
+        ++faults_;
+    }
 }
 
 void Album::TakeModal(const std::string& name, const std::function<void()>& open,

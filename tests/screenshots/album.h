@@ -6,7 +6,8 @@
 
 namespace vellumark::test {
 
-// Where the pictures go: a folder with one PNG file for each screen.
+// Where the pictures go: a folder with one PNG file for each screen. What AccessFaults finds on a screen is
+// printed to standard error and counted.
 class Album {
  public:
     explicit Album(std::string folder) : folder_(std::move(folder)) {}
@@ -19,8 +20,11 @@ class Album {
     void TakeModal(const std::string& name, const std::function<void()>& open,
                    const std::function<void(QWidget&)>& prepare = {}) const;
 
+    int Faults() const { return faults_; }
+
  private:
     std::string folder_;
+    mutable int faults_ = 0;
 };
 
 // One function a file of pictures, called in this order by main. The schema "Shop" with a filled Insert
@@ -40,5 +44,9 @@ void ShootGenerateData(const Album& album);
 void ShootTableScreens(const Album& album);
 void ShootRuleScreen(const Album& album);
 void ShootVersionControl(const Album& album);
+void ShootLoadFiles(const Album& album);
+void ShootSQLBuilder(const Album& album);
+void ShootViewData(const Album& album);
+void ShootHelp(const Album& album);
 
 }  // namespace vellumark::test

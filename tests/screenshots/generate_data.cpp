@@ -45,6 +45,7 @@ void ShootGenerateData(const Album& album) {
     SetQuantities(100000);
     {
         frmGenerateData form(nullptr);
+        form.findChild<QLineEdit*>("txtTextFile")->setText("/home/ann/orders.sql");
         album.Take("frmGenerateData", form);
         form.findChild<QRadioButton*>("optTextFile")->click();
         form.findChild<QLineEdit*>("txtTextFile")->setText(ToQt(folder.Path("DataFile1.sql")));

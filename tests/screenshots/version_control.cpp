@@ -40,6 +40,7 @@ void ShootVersionControl(const Album& album) {
     ShownSchemaDescription = "Read from the test server after release 24.1";
     ProgramStarter = [](const std::vector<std::string>&) {};
     frmVersionControl control(VersionControlMode::VersionControl);
+    control.findChild<QLineEdit*>("txtLog")->setText("/home/ann/changes.txt");
     album.Take("frmVersionControl", control);
     frmVersionControl merge(VersionControlMode::Merge);
     ChooseTarget(merge);

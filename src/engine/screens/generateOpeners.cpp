@@ -1,7 +1,8 @@
 #include "engine/screens/generateOpeners.h"
 
-#include "platform/dialogs.h"
 #include "schema/screens/frmDatabaseConnection.h"
+#include "tools/screens/frmLoadTable.h"
+#include "tools/screens/viewerOpeners.h"
 
 namespace vellumark {
 
@@ -9,12 +10,12 @@ void OpenTargetConnection(QWidget* parent) {
     frmDatabaseConnection(kConnectTarget, parent).exec();
 }
 
-void OpenTargetData(QWidget* /*parent*/) {
-    platform::ShowInformation("The data viewer is not part of this version yet.");
+void OpenTargetData(QWidget* parent) {
+    ViewData(ViewerCaller::Target, parent);
 }
 
-void OpenTableLoad(QWidget* /*parent*/) {
-    platform::ShowInformation("The loading of tables is not part of this version yet.");
+void OpenTableLoad(QWidget* parent) {
+    frmLoadTable(parent).exec();
 }
 
 }  // namespace vellumark

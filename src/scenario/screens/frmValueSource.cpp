@@ -20,7 +20,9 @@
 #include "scenario/screens/frmVLEMaintenance.h"
 #include "scenario/screens/frmValuePreview.h"
 #include "schema/modConnectionRows.h"
+#include "schema/modDatabaseConnection.h"
 #include "schema/screens/frmDatabaseConnection.h"
+#include "tools/screens/viewerOpeners.h"
 #include "ui_frmValueSource.h"
 
 namespace vellumark {
@@ -288,6 +290,11 @@ void frmValueSource::ChoosePattern() {
 void frmValueSource::View() {
     if (!fValidate())
         return;
+    if (details_.type == 'O') {
+        ValueConnectionId = details_.connectionId;
+        ViewData(ViewerCaller::Value, this);
+        return;
+    }
     const std::vector<std::string> values = [this] {
         const WaitPointer wait;
         return PreviewValues(Entered(), rule_, kPreviewedValues);

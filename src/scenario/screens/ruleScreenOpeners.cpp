@@ -1,24 +1,16 @@
 #include "scenario/screens/ruleScreenOpeners.h"
 
-#include "platform/dialogs.h"
+#include "tools/screens/builderOpeners.h"
+#include "tools/screens/frmCreateLoadFile.h"
 
 namespace vellumark {
 
-namespace {
-
-void TellMissing(const std::string& screen) {
-    platform::ShowInformation(screen + " is not part of this version yet.");
+void OpenCreateLoadFile(QWidget& parent) {
+    frmCreateLoadFile(&parent).exec();
 }
 
-}  // namespace
-
-void OpenCreateLoadFile(QWidget& /*parent*/) {
-    TellMissing("Create Load File");
-}
-
-std::optional<std::string> BuildWhereClause(QWidget& /*parent*/, const std::string& /*whereClause*/) {
-    TellMissing("The SQL Builder");
-    return std::nullopt;
+std::optional<std::string> BuildWhereClause(QWidget& parent, const std::string& whereClause) {
+    return BuildSQLText(&parent, BuilderCaller::WhereClause, whereClause);
 }
 
 }  // namespace vellumark

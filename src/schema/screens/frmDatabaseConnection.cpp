@@ -19,6 +19,7 @@
 #include "schema/screens/frmDSNList.h"
 #include "schema/screens/frmDataLink.h"
 #include "schema/screens/pickerStart.h"
+#include "tools/screens/viewerOpeners.h"
 #include "ui_frmDatabaseConnection.h"
 
 namespace vellumark {
@@ -243,7 +244,7 @@ void frmDatabaseConnection::PreviousConnection() {
 
 void frmDatabaseConnection::ViewData() {
     ConnectionForm = details_;
-    platform::ShowInformation("Viewing data is not part of this version yet.");
+    vellumark::ViewData(ViewerCaller::Form, this);
 }
 
 void frmDatabaseConnection::Refresh() {
