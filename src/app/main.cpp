@@ -5,6 +5,7 @@
 #include "platform/screens/boxDialogs.h"
 #include "platform/screens/desktopApplication.h"
 #include "repository/modVellumark.h"
+#include "repository/screens/helpOpeners.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ int RunDesktop(vellumark::BoxDialogs& dialogs) {
         splash = std::make_unique<vellumark::frmSplash>();
         splash->ShowAtOnce();
     });
+    vellumark::UseHelpWindow();
     vellumark::frmMain window;
     dialogs.ShowStatusIn([&window](const std::string& text) { window.ShowProgress(text); });
     QObject::connect(&window, &vellumark::frmMain::Closed, [] { QCoreApplication::exit(0); });

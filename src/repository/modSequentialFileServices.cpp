@@ -87,19 +87,6 @@ bool IsStore(std::string_view path) {
            std::filesystem::equivalent(file, ValuesPath, error);
 }
 
-// The guide lies beside a program that runs from its own folder, else in the shared data of the system.
-std::string FindHelpPage(std::string_view page) {
-    std::string folder, fileName;
-    fSplitPath(HelpFilePath, folder, fileName);
-    for (const char* place : {"help/", "../share/vellumark/help/"}) {
-        std::string path = folder + place + std::string(page);
-        if (platform::FileExists(path))
-            return path;
-    }
-    throw platform::Error(platform::kFileNotFound,
-                          "File not found: '" + folder + "help/" + std::string(page) + "'");
-}
-
 }  // namespace
 
 bool fFileExists(std::string_view path) {
@@ -234,11 +221,23 @@ void OpenFileWithViewer(std::string_view path) {
     }
 }
 
+// The guide lies beside a program that runs from its own folder, else in the shared data of the system.
+std::string HelpPagePath(std::string_view page) {
+    std::string folder, fileName;
+    fSplitPath(HelpFilePath, folder, fileName);
+    for (const char* place : {"help/", "../share/vellumark/help/"}) {
+        std::string path = folder + place + std::string(page);
+        if (platform::FileExists(path))
+            return path;
+    }
+    throw platform::Error(platform::kFileNotFound,
+                          "File not found: '" + folder + "help/" + std::string(page) + "'");
+}
+
 void ShowHelp(HelpTopic what) {
-    constexpr std::array<std::string_view, 3> pages = {"index.html", "search.html", "using-help.html"};
+    constexpr std::array<std::string_view, 3> pages = {"index.html", "index.html", "using-help.html"};
     try {
-        const std::string page = FindHelpPage(pages.at(static_cast<std::size_t>(what) - 1));
-        ProgramStarter({std::string(kDesktopOpener), page});
+        HelpViewer(what, HelpPagePath(pages.at(static_cast<std::size_t>(what) - 1)));
     } catch (const platform::Error& error) {
         platform::ShowExclamation("Cannot show the help.\n\n" + error.Line());
     }

@@ -12,7 +12,7 @@
 // start with f show their own message when they return false.
 namespace vellumark {
 
-// Starts the text editor and the help viewer; a program without a desktop sets its own.
+// Starts the text editor and the desktop's viewer; a program without a desktop sets its own.
 inline std::function<void(const std::vector<std::string>& command)> ProgramStarter = platform::StartDetached;
 
 // A folder is no file. Shows nothing.
@@ -52,5 +52,12 @@ void OpenFileWithViewer(std::string_view path);
 
 enum class HelpTopic { Contents = 1, Search = 2, HelpOnHelp = 3 };
 void ShowHelp(HelpTopic what);
+
+// Shows that page for ShowHelp; the desktop program sets its own window.
+inline std::function<void(HelpTopic what, const std::string& page)> HelpViewer =
+    [](HelpTopic, const std::string& page) { OpenFileWithViewer(page); };
+
+// The file of a page of the user's guide. Throws platform::Error when it is not there.
+std::string HelpPagePath(std::string_view page);
 
 }  // namespace vellumark

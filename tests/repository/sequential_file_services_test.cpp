@@ -294,12 +294,11 @@ TEST_F(Editor, OtherFilesOpenInTheDesktopsViewer) {
 
 TEST_F(Editor, HelpShowsThePageOfTheUsersGuide) {
     folder_.Write("help/index.html", "");
-    folder_.Write("help/search.html", "");
     HelpFilePath = folder_.Path("Vellumark.chm");
     ShowHelp(HelpTopic::Contents);
     ShowHelp(HelpTopic::Search);
     EXPECT_THAT(started_, ElementsAre(ElementsAre("xdg-open", folder_.Path("help/index.html")),
-                                      ElementsAre("xdg-open", folder_.Path("help/search.html"))));
+                                      ElementsAre("xdg-open", folder_.Path("help/index.html"))));
     ShowHelp(HelpTopic::HelpOnHelp);
     EXPECT_EQ(boxes_.Take(), "exclamation: Cannot show the help.\n\nError: 53 File not found: '" +
                                  folder_.Path("help/using-help.html") + "'");

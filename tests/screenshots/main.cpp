@@ -45,15 +45,19 @@ constexpr std::array kFiles = {
     vellumark::test::ShootValueSource,
     vellumark::test::ShootTableScreens,
     vellumark::test::ShootVersionControl,
+    vellumark::test::ShootLoadFiles,
+    vellumark::test::ShootSQLBuilder,
+    vellumark::test::ShootViewData,
+    vellumark::test::ShootHelp,
 };
 // clang-format on
 
 }  // namespace
 
-// usage: vellumark_screenshots DEMO-FOLDER PICTURE-FOLDER [dark]
+// usage: vellumark_screenshots DEMO-FOLDER PICTURE-FOLDER [light|dark]
 int main(int argc, char** argv) {
     if (argc < 3) {
-        std::fputs("usage: vellumark_screenshots DEMO-FOLDER PICTURE-FOLDER [dark]\n", stderr);
+        std::fputs("usage: vellumark_screenshots DEMO-FOLDER PICTURE-FOLDER [light|dark]\n", stderr);
         return 2;
     }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -75,5 +79,5 @@ int main(int argc, char** argv) {
         session.Reopen();
         shoot(album);
     }
-    return 0;
+    return album.Faults() == 0 ? 0 : 1;
 }
