@@ -1,13 +1,16 @@
-# One word for each thing that people do with the tree. Settings: BUILD (folder), PREFIX (make install).
+# One word for each thing that people do with the tree. Settings: BUILD (folder), PREFIX (make install), SECONDS (make
+# fuzz), COUNT, SEED, KINDS and DETAILS (make faults, docs/reliability.md).
 
 BUILD  ?= build
 PREFIX ?= /usr/local
+SECONDS ?= 20
+COUNT  ?= 200
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build run demo test screenshots bench lint format sanitize install clean
+.PHONY: help setup build run demo test screenshots help-pictures bench faults lint format sanitize coverage fuzz install package clean
 
 help:            ## Show this list
-	@awk -F':.*## ' '/^[a-z-]+:.*## /{printf "  make %-12s %s\n", $$1, $$2}' Makefile
+	@awk -F':.*## ' '/^[a-z-]+:.*## /{printf "  make %-14s %s\n", $$1, $$2}' Makefile
 
 setup:           ## Install the Debian packages that are missing
 	@scripts/setup
@@ -31,6 +34,10 @@ screenshots: demo ## Make a picture of every screen into build/screenshots/
 	@scripts/build $(BUILD) vellumark_screenshots
 	@scripts/screenshots $(BUILD)
 
+help-pictures: screenshots ## Take the guide's pictures and samples from this build
+	@scripts/help-pictures $(BUILD)
+	@scripts/help-samples $(BUILD)
+
 bench: setup     ## Measure runs, beside a loop by hand and database clients, and the reading of schemas
 	@scripts/setup test
 	@scripts/build $(BUILD) vellumark-cli vellumark_bench
@@ -38,8 +45,15 @@ bench: setup     ## Measure runs, beside a loop by hand and database clients, an
 	scripts/bench-direct $(BUILD)
 	scripts/bench-read $(BUILD)
 
-lint: build      ## Check formatting, include cycles and file sizes
-	@scripts/lint
+faults: setup    ## Kill, starve and mislead the program and look at what it leaves
+	@scripts/setup test
+	@scripts/build $(BUILD) vellumark-cli vellumark_failing_calls
+	@tests/faults/faults.py --count $(COUNT) $(if $(SEED),--seed $(SEED)) $(if $(KINDS),--kinds $(KINDS)) \
+		$(if $(DETAILS),--details) $(BUILD)/vellumark-cli $(BUILD)/tests/libvellumark_failing_calls.so
+
+lint: build      ## Check formatting, include cycles, file sizes, the guide and what is installed
+	@scripts/setup lint
+	@scripts/lint $(BUILD)
 
 format:          ## Format all sources in place
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
@@ -49,8 +63,28 @@ sanitize: setup  ## Build and test with the address and undefined-behaviour sani
 	cmake --build --preset sanitize
 	ctest --preset sanitize
 
-install: build   ## Install both programs below PREFIX (default /usr/local)
+coverage: setup  ## Count the lines below the screens that the tests run; fails under 85 %
+	@scripts/setup coverage
+	cmake --preset coverage
+	cmake --build --preset coverage
+	find build-coverage -name '*.gcda' -delete
+	ctest --test-dir build-coverage --output-on-failure -j2
+	gcovr --root . --filter src/ --exclude '.*/screens/' --print-summary --fail-under-line 85 \
+		--txt build-coverage/coverage.txt build-coverage
+
+fuzz:            ## Try each reader of foreign input with damaged input for SECONDS (default 20)
+	@scripts/setup fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	@scripts/fuzz build-fuzz $(SECONDS)
+
+install: build   ## Install both programs and their manuals below PREFIX (default /usr/local)
 	cmake --install $(BUILD) --prefix $(PREFIX)
 
+package: setup   ## Make a Debian package in BUILD
+	@scripts/setup package
+	@scripts/build $(BUILD) vellumark vellumark-cli vellumark_packaging
+	cd $(BUILD) && cpack
+
 clean:           ## Remove what was built
-	rm -rf $(BUILD) build-sanitize
+	rm -rf $(BUILD) build-sanitize build-coverage build-fuzz

@@ -10,6 +10,9 @@ if(LLD_PROGRAM)
   add_link_options(-fuse-ld=lld)
 endif()
 
+# What the loader has bound can't be rewritten later.
+add_link_options(-Wl,-z,relro,-z,now)
+
 add_library(vellumark_settings INTERFACE)
 target_include_directories(vellumark_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(
