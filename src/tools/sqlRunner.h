@@ -1,22 +1,21 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
-#include <memory>
+#include <chrono>
+#include <condition_variable>
 #include <mutex>
 #include <string>
 #include <thread>
 
-#include "platform/row_store.h"
 #include "tools/modSQLRun.h"
 
 namespace vellumark {
 
-// One SQL text at work in a thread of its own, its rows gathered on disk. Nobody else may use the connections
-// before it is done.
+// One SQL text at work in a thread of its own. Nobody else may use the connections before it is done.
 class SQLRunner : private SQLRowSink {
  public:
-    SQLRunner(const OpenConnections& connections, char protocol, std::string text);
+    // `rows` gets what comes, in that thread, and must outlive the runner.
+    SQLRunner(const OpenConnections& connections, char protocol, std::string text, SQLRowSink& rows);
     // Stops it and waits.
     ~SQLRunner() override;
     SQLRunner(const SQLRunner&) = delete;
@@ -25,24 +24,20 @@ class SQLRunner : private SQLRowSink {
     // Asks the statement to end, which takes a moment; to be called again until it is done.
     void Stop();
     bool IsDone() const { return done_; }
+    // Waits no longer than that; whether it is done.
+    bool WaitUntilDone(std::chrono::milliseconds time);
     // Valid once it is done.
     const SQLResult& Result() const { return result_; }
 
-    // The rows so far, to which more may come; none while the statement has shown no fields.
-    std::shared_ptr<const platform::RowStore> Rows() const;
-    // Bytes of the longest row so far, with a blank behind each field.
-    std::size_t LongestRow() const { return longestRow_; }
-
  private:
-    void TakeFields(const std::vector<std::string>& names) override;
-    bool TakeRow(const platform::Cursor& row) override;
+    void TakeFields(const std::vector<std::string>& names) override { rows_.TakeFields(names); }
+    bool TakeRow(const platform::Cursor& row) override { return rows_.TakeRow(row) && !stopping_; }
     void Run(const OpenConnections& connections, char protocol, const std::string& text);
 
-    mutable std::mutex mutex_;
-    std::shared_ptr<platform::RowStore> rows_;
-    std::size_t fields_ = 0;
+    SQLRowSink& rows_;
     SQLResult result_;
-    std::atomic<std::size_t> longestRow_ = 0;
+    std::mutex mutex_;
+    std::condition_variable finished_;
     std::atomic<bool> stopping_ = false;
     std::atomic<bool> done_ = false;
     std::thread thread_;

@@ -1,6 +1,7 @@
 #include "tools/viewedData.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "platform/dialogs.h"
 #include "platform/error.h"
@@ -8,6 +9,7 @@
 #include "schema/modConnectionTables.h"
 #include "tools/fieldText.h"
 #include "tools/plainSelect.h"
+#include "tools/sqlRunner.h"
 
 namespace vellumark {
 
@@ -17,7 +19,7 @@ using platform::Error;
 
 constexpr std::size_t kFirstRows = 200;
 constexpr std::size_t kRowsAtOnce = 5000;
-constexpr std::size_t kRowsBetweenBreaths = 2000;
+constexpr std::chrono::milliseconds kBetweenQuestions{20};
 
 void ShowFailure(const Error& error) {
     platform::ShowExclamation("Error " + std::to_string(error.Number()) + ": " + error.Description());
@@ -25,13 +27,9 @@ void ShowFailure(const Error& error) {
 
 class RowKeeper : public SQLRowSink {
  public:
-    explicit RowKeeper(const std::function<void()>& breathe) : breathe_(breathe) {}
-
     void TakeFields(const std::vector<std::string>& names) override { names_ = names; }
     bool TakeRow(const platform::Cursor& row) override {
         rows_.Append(ReadHeldRow(row));
-        if (rows_.Count() % kRowsBetweenBreaths == 0)
-            breathe_();
         return true;
     }
 
@@ -39,7 +37,6 @@ class RowKeeper : public SQLRowSink {
     const std::vector<std::string>& Names() const { return names_; }
 
  private:
-    const std::function<void()>& breathe_;
     HeldRows rows_;
     std::vector<std::string> names_;
 };
@@ -131,9 +128,18 @@ bool ViewedData::fRequery(std::size_t rows) {
 
 // A row that is written while others are still being read could come up among them once more.
 void ViewedData::ReadRest() {
-    while (HasMore())
+    ReadRest([] { return true; });
+}
+
+// Whether `goOn` let it come to its end.
+bool ViewedData::ReadRest(const std::function<bool()>& goOn) {
+    while (HasMore()) {
+        if (!goOn())
+            return false;
         if (!reader_->Read(kRowsAtOnce, [this](const HeldRow& row) { rows_.Append(row); }))
             reader_.reset();
+    }
+    return true;
 }
 
 std::optional<TableShape> ViewedData::ShapeOf(const std::optional<PlainSelect>& select) const {
@@ -146,28 +152,34 @@ std::optional<TableShape> ViewedData::ShapeOf(const std::optional<PlainSelect>& 
     }
 }
 
-bool ViewedData::fRunSQL(std::string_view text, const std::function<void()>& breathe) {
+bool ViewedData::fRunSQL(std::string_view text, const std::function<bool()>& goOn) {
     const std::optional<PlainSelect> select = ReadPlainSelect(text);
     std::optional<TableShape> shape = ShapeOf(select);
     if (shape && !shape->hidden.empty() &&
-        RunText(WithHidden(text, *select, *shape), shape, breathe).outcome != SQLOutcome::Failed)
+        RunText(WithHidden(text, *select, *shape), shape, goOn).outcome != SQLOutcome::Failed)
         return true;
-    const SQLResult result = RunText(text, shape, breathe);
+    const SQLResult result = RunText(text, shape, goOn);
     if (result.outcome == SQLOutcome::Failed)
         platform::ShowExclamation(result.Line());
     return result.outcome != SQLOutcome::Failed;
 }
 
 SQLResult ViewedData::RunText(std::string_view text, const std::optional<TableShape>& shape,
-                              const std::function<void()>& breathe) {
-    RowKeeper keeper(breathe);
+                              const std::function<bool()>& goOn) {
     try {
-        ReadRest();
+        if (!ReadRest(goOn))
+            return {SQLOutcome::Stopped, 0, 0, {}};
     } catch (const Error&) {
         reader_.reset();  // what the database has to say comes with the text
     }
-    const SQLResult result = RunSQL(connections_, protocol_, text, keeper);
-    if (result.outcome == SQLOutcome::Rows)
+    RowKeeper keeper;
+    SQLRunner runner(connections_, protocol_, std::string(text), keeper);
+    while (!runner.WaitUntilDone(kBetweenQuestions))
+        if (!goOn())
+            runner.Stop();
+    const SQLResult& result = runner.Result();
+    if (result.outcome == SQLOutcome::Rows ||
+        (result.outcome == SQLOutcome::Stopped && keeper.Rows().Count() > 0))
         TakeResult(std::move(keeper.Rows()), keeper.Names(), shape);
     return result;
 }

@@ -41,8 +41,9 @@ class ViewedData {
     // Shows the table from its first rows on; fReadMore brings the others. False behind a message, with what
     // was shown before still there.
     bool fShowTable(const TableEntry& table);
-    // Runs the text and shows its rows, if it has any; `breathe` is called now and then.
-    bool fRunSQL(std::string_view text, const std::function<void()>& breathe);
+    // Runs the text and shows its rows, if it has any. `goOn` is called now and then meanwhile; where it says
+    // false, the text is stopped and any rows that have come are shown. False behind a message.
+    bool fRunSQL(std::string_view text, const std::function<bool()>& goOn);
     // Reads the table anew, up to `rows` rows at least. False behind a message.
     bool fRequery(std::size_t rows);
 
@@ -67,12 +68,13 @@ class ViewedData {
     void Open(const TableEntry& table);
     void Forget();
     void ReadRest();
+    bool ReadRest(const std::function<bool()>& goOn);
     ColumnChanges Changes(const std::vector<TypedCell>& cells) const;
     RowChange Change(std::size_t place, const std::function<void(const HeldRow&)>& change);
     RowChange ShowAsStored(std::size_t place);
     std::optional<TableShape> ShapeOf(const std::optional<PlainSelect>& select) const;
     SQLResult RunText(std::string_view text, const std::optional<TableShape>& shape,
-                      const std::function<void()>& breathe);
+                      const std::function<bool()>& goOn);
     void TakeResult(HeldRows rows, const std::vector<std::string>& names,
                     const std::optional<TableShape>& shape);
 

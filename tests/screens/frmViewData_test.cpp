@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 #include "embedded.h"
@@ -223,6 +224,35 @@ TEST_P(ViewDataTest, ASQLTextIsRunInItsOwnMode) {
     TypeCell(grid, 0, 2, "old");
     EXPECT_TRUE(grid.CommitRow());
     EXPECT_EQ(Stored().substr(0, 11), "1|pen|old|5");
+}
+
+// One that gives rows without end, and one that is at work without giving any.
+TEST_P(ViewDataTest, AStatementThatTakesLongIsStopped) {
+    const auto form = OpenItems();
+    Child<QRadioButton>(*form, "optSQL").click();
+    auto& box = Child<QPlainTextEdit>(*form, "txtSQL");
+    const auto run = [&](const char* what, const std::function<void()>& stop) {
+        box.setPlainText(QString("with recursive n(i) as (select 1 union all select i + 1 from n) "
+                                 "select %1 from n")
+                             .arg(what));
+        QTimer::singleShot(100, form.get(), stop);
+        Click(*form, "cmdRun");
+        EXPECT_EQ(TextOf(*form, "lblStatus"), "Stopped");
+        EXPECT_FALSE(IsEnabled(*form, "cmdStop"));
+        EXPECT_TRUE(form->isVisible());
+    };
+    EXPECT_FALSE(IsEnabled(*form, "cmdStop"));
+    run("count(*)", [&] {
+        Click(*form, "cmdClose");
+        EXPECT_TRUE(form->isVisible());
+        Click(*form, "cmdStop");
+    });
+    EXPECT_EQ(TextOf(*form, "lblTitle"), "Table: Stock Item");
+    run("i", [&] { Press(box, Qt::Key_Escape); });
+    EXPECT_EQ(TextOf(*form, "lblTitle"), "SQL Results");
+    EXPECT_EQ(CellTexts(Grid(*form), 2), "1\n2\n");
+    run("count(*)", [&] { form->close(); });
+    EXPECT_EQ(recorder.Take(), "");
 }
 
 TEST_P(ViewDataTest, ALongTableFillsWhileItIsShownAndKeepsItsPlace) {

@@ -84,7 +84,8 @@ TEST_P(ServerSQLTest, EndsAStatementThatTakesLong) {
     const Clock::time_point start = Clock::now();
     {
         const std::string sleep = GetParam().engine == Engine::PostgreSQL ? "pg_sleep" : "sleep";
-        SQLRunner runner(connections, GetParam().protocol, "select " + sleep + "(60)");
+        ListedRows rows;
+        SQLRunner runner(connections, GetParam().protocol, "select " + sleep + "(60)", rows);
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         EXPECT_FALSE(runner.IsDone());
     }

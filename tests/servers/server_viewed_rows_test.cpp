@@ -15,7 +15,8 @@ TEST_P(ViewedServerTest, ALostConnectionIsToldOfAndTheRowStaysAsItWasRead) {
     Run("create table item (id integer primary key, name varchar(40)); insert into item values (1, 'pen')");
     Show("item");
     const bool postgres = GetParam().engine == Engine::PostgreSQL;
-    ASSERT_TRUE(data->fRunSQL(postgres ? "select pg_backend_pid()" : "select connection_id()", [] {}));
+    ASSERT_TRUE(
+        data->fRunSQL(postgres ? "select pg_backend_pid()" : "select connection_id()", [] { return true; }));
     const std::string session = Shown();
     Show("item");
     Run((postgres ? "select pg_terminate_backend(" : "kill ") + session + (postgres ? ")" : ""));

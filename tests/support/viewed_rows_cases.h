@@ -186,24 +186,24 @@ TEST_P(ViewedRowsTest, RowsOfAStatementAreEditedWhereTheyAreThoseOfOneTable) {
     Run("create table item (id integer primary key, name varchar(40)); create table heap (a integer);"
         " insert into item values (1, 'pen'); insert into item values (2, 'ink'); insert into heap values "
         "(5)");
-    const auto breathe = [] {};
-    EXPECT_TRUE(data->fRunSQL("select * from item where id > 1", breathe)) << recorder.Take();
+    const auto goOn = [] { return true; };
+    EXPECT_TRUE(data->fRunSQL("select * from item where id > 1", goOn)) << recorder.Take();
     EXPECT_EQ(data->Title(), "SQL Results");
     EXPECT_EQ(Shown(), "2|ink");
     EXPECT_EQ(data->Update(0, {Cell(1, "tar")}), RowChange::Done) << recorder.Take();
-    EXPECT_TRUE(data->fRunSQL("SELECT * FROM heap", breathe)) << recorder.Take();
+    EXPECT_TRUE(data->fRunSQL("SELECT * FROM heap", goOn)) << recorder.Take();
     EXPECT_TRUE(data->IsTable());
     EXPECT_EQ(data->Update(0, {Cell(0, "6")}), RowChange::Done) << recorder.Take();
     for (const std::string text :
          {"select name, id from item order by id", "select i.name, i.id from item i, heap h order by i.id"}) {
-        EXPECT_TRUE(data->fRunSQL(text, breathe)) << recorder.Take();
+        EXPECT_TRUE(data->fRunSQL(text, goOn)) << recorder.Take();
         EXPECT_FALSE(data->IsTable());
         EXPECT_EQ(Shown(), "pen|1\ntar|2");
     }
-    EXPECT_TRUE(data->fRunSQL("update item set name = 'nib' where id = 1", breathe)) << recorder.Take();
+    EXPECT_TRUE(data->fRunSQL("update item set name = 'nib' where id = 1", goOn)) << recorder.Take();
     EXPECT_EQ(Shown(), "pen|1\ntar|2");
     EXPECT_EQ(recorder.Take(), "");
-    EXPECT_FALSE(data->fRunSQL("selct", breathe));
+    EXPECT_FALSE(data->fRunSQL("selct", goOn));
     EXPECT_TRUE(recorder.Take().starts_with("exclamation: Error "));
     EXPECT_EQ(Shown(), "pen|1\ntar|2");
     EXPECT_EQ(Seen("select name from item order by id"), "nib\ntar");

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 
 namespace vellumark {
 
@@ -33,9 +34,14 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
+bool MeansStop(const QEvent& event) {
+    return event.type() == QEvent::Close ||
+           (event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape);
+}
+
 }  // namespace
 
-InputLock::InputLock() : modal_(QApplication::activeModalWidget()) {
+InputLock::InputLock(QAbstractButton* stop) : stop_(stop), modal_(QApplication::activeModalWidget()) {
     qApp->installEventFilter(this);
 }
 
@@ -47,10 +53,17 @@ void InputLock::Breathe() {
     QCoreApplication::processEvents();
 }
 
+// Windows hand on what they get, so that the button is reached.
+bool InputLock::IsForStop(const QObject& receiver) const {
+    return stop_ != nullptr && (&receiver == stop_ || receiver.isWindowType());
+}
+
 bool InputLock::eventFilter(QObject* receiver, QEvent* event) {
     const bool boxIsUp = QApplication::activeModalWidget() != modal_;
-    if (boxIsUp || !IsInput(event->type()))
+    if (boxIsUp || !IsInput(event->type()) || IsForStop(*receiver))
         return QObject::eventFilter(receiver, event);
+    if (stop_ != nullptr && MeansStop(*event))
+        stop_->click();
     event->ignore();
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -7,10 +8,11 @@
 namespace vellumark {
 
 // For as long as it stands, the windows of the program are painted but answer neither keys, mouse nor a
-// close; what the user does meanwhile is dropped. Boxes that come up answer as ever.
+// close; what the user does meanwhile is dropped. Boxes that come up answer as ever, and so does a button
+// that stops the work, which Escape and closing the window press.
 class InputLock : public QObject {
  public:
-    InputLock();
+    explicit InputLock(QAbstractButton* stop = nullptr);
     ~InputLock() override;
 
     // Paints what has changed. To be called now and then.
@@ -20,6 +22,9 @@ class InputLock : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+    bool IsForStop(const QObject& receiver) const;
+
+    QAbstractButton* stop_;
     QPointer<QWidget> modal_;  // the window that had the input
 };
 

@@ -222,7 +222,8 @@ void frmSQLBuilder::Run() {
     results_.Clear();
     ui_->lblRows->clear();
     stopping_ = false;
-    runner_ = std::make_unique<SQLRunner>(CurrentConnections(), connection_->Protocol(), text);
+    rows_ = std::make_unique<GatheredRows>();
+    runner_ = std::make_unique<SQLRunner>(CurrentConnections(), connection_->Protocol(), text, *rows_);
     Enable();
     looks_.start(kMillisecondsBetweenLooks);
 }
@@ -236,7 +237,7 @@ void frmSQLBuilder::Look() {
     const bool done = runner_->IsDone();
     if (stopping_)
         runner_->Stop();
-    if (const auto rows = runner_->Rows()) {
+    if (const auto rows = rows_->Rows()) {
         ui_->lblRows->setText(RowsText(rows->RowCount()));
         // The view lays out all lines anew each time.
         if (done || rows->RowCount() >= 2 * static_cast<std::size_t>(results_.ShownRows()))
@@ -248,9 +249,9 @@ void frmSQLBuilder::Look() {
 
 void frmSQLBuilder::ShowRows() {
     const QFontMetrics metrics(ui_->lstResults->font());
-    const auto characters = static_cast<int>(std::min(runner_->LongestRow(), kWidestLine));
+    const auto characters = static_cast<int>(std::min(rows_->LongestRow(), kWidestLine));
     results_.SetLineSize({characters * metrics.horizontalAdvance('m') + 2 * kLineMargin, metrics.height()});
-    results_.ShowRows(runner_->Rows());
+    results_.ShowRows(rows_->Rows());
 }
 
 void frmSQLBuilder::Finish() {
@@ -260,6 +261,7 @@ void frmSQLBuilder::Finish() {
     if (!line.empty())
         results_.Say(ToQt(line));
     runner_.reset();
+    rows_.reset();
     connection_.reset();
     ui_->lblStatus->clear();
     Enable();

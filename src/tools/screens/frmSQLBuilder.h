@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/screens/screen.h"
+#include "tools/gatheredRows.h"
 #include "tools/modSQLBuilder.h"
 #include "tools/screens/builderOpeners.h"
 #include "tools/screens/resultLines.h"
@@ -70,7 +71,8 @@ class frmSQLBuilder : public Screen {
     QTimer looks_;
     bool stopping_ = false;
     std::optional<SQLConnection> connection_;
-    std::unique_ptr<SQLRunner> runner_;  // uses the connection
+    std::unique_ptr<GatheredRows> rows_;
+    std::unique_ptr<SQLRunner> runner_;  // uses the connection and the rows
 };
 
 }  // namespace vellumark

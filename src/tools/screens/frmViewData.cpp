@@ -17,7 +17,7 @@ namespace vellumark {
 
 namespace {
 
-constexpr int kLinesOfSQL = 4;
+constexpr int kLinesOfSQL = 5;
 constexpr std::size_t kRowsAtOnce = 5000;
 constexpr const char* kNotConnected =
     "Please set target database connection to view, and update data using the grid";
@@ -50,6 +50,7 @@ void frmViewData::Connect() {
     connect(ui_->optSQL, &QRadioButton::clicked, this, &frmViewData::ShowMode);
     connect(ui_->cmdBuilder, &QPushButton::clicked, this, &frmViewData::BuildSQL);
     connect(ui_->cmdRun, &QPushButton::clicked, this, &frmViewData::Run);
+    connect(ui_->cmdStop, &QPushButton::clicked, this, [this] { stopping_ = true; });
     connect(ui_->cmdRequery, &QPushButton::clicked, this, &frmViewData::Requery);
     connect(ui_->cmdClose, &QPushButton::clicked, this, &frmViewData::Close);
     for (QCheckBox* box : {ui_->chkAddNew, ui_->chkUpdate, ui_->chkDelete})
@@ -108,8 +109,8 @@ void frmViewData::ShowMode() {
     const bool sql = ui_->optSQL->isChecked();
     for (QWidget* widget : std::initializer_list<QWidget*>{ui_->lblTable, ui_->cboTable})
         widget->setVisible(!sql);
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{ui_->lblSQL, ui_->txtSQL, ui_->cmdBuilder, ui_->cmdRun})
+    for (QWidget* widget : std::initializer_list<QWidget*>{ui_->lblSQL, ui_->txtSQL, ui_->cmdBuilder,
+                                                           ui_->cmdRun, ui_->cmdStop})
         widget->setVisible(sql);
     if (sql)
         ui_->txtSQL->setFocus();
@@ -140,14 +141,25 @@ void frmViewData::Run() {
         return;
     ShowStatus("Running SQL script, please wait...");
     reading_.stop();
-    bool done = false;
-    {
-        const WaitPointer wait;
-        const InputLock lock;
-        done = data_->fRunSQL(text, &InputLock::Breathe);
-    }
+    const bool done = RunToEnd(text);
     ShowRows();
-    ShowStatus(done && data_->Title() != "SQL Results" ? "SQL statement processed" : "");
+    ShowStatus(stopping_                                 ? "Stopped"
+               : done && data_->Title() != "SQL Results" ? "SQL statement processed"
+                                                         : "");
+}
+
+// Or until it is stopped.
+bool frmViewData::RunToEnd(const std::string& text) {
+    const WaitPointer wait;
+    const InputLock lock(ui_->cmdStop);
+    stopping_ = false;
+    ui_->cmdStop->setEnabled(true);
+    const bool done = data_->fRunSQL(text, [this] {
+        InputLock::Breathe();
+        return !stopping_;
+    });
+    ui_->cmdStop->setEnabled(false);
+    return done;
 }
 
 void frmViewData::BuildSQL() {

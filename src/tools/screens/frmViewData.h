@@ -34,6 +34,7 @@ class frmViewData : public Screen {
     void Allow();
     void ChooseTable();
     void Run();
+    bool RunToEnd(const std::string& text);
     void BuildSQL();
     void Requery();
     void ShowRows();
@@ -46,6 +47,7 @@ class frmViewData : public Screen {
     ViewerConnection connection_;
     std::unique_ptr<ViewedData> data_;  // nothing while not connected
     std::unique_ptr<ViewedRows> rows_;
+    bool stopping_ = false;
     QTimer reading_;  // at once, whenever there is nothing else to do
 };
 
