@@ -15,6 +15,16 @@ using namespace platform;
 
 constexpr int kCharactersAfterEnd = 3142;
 
+int NumberOfText(std::string_view message) {
+    if (message.starts_with("no such table"))
+        return kNoSuchTable;
+    if (message.starts_with("no such column") || message.find("has no column named") != message.npos)
+        return kNoSuchParameter;
+    if (message.find("syntax error") != message.npos)
+        return kSyntaxError;
+    return kQueryFailed;
+}
+
 int ErrorNumberFor(int extendedCode, std::string_view message) {
     switch (extendedCode) {
         case SQLITE_CONSTRAINT_FOREIGNKEY:
@@ -46,15 +56,8 @@ int ErrorNumberFor(int extendedCode, std::string_view message) {
         case SQLITE_IOERR:
             return kDeviceIOError;
         default:
-            break;
+            return NumberOfText(message);
     }
-    if (message.starts_with("no such table"))
-        return kNoSuchTable;
-    if (message.starts_with("no such column") || message.find("has no column named") != message.npos)
-        return kNoSuchParameter;
-    if (message.find("syntax error") != message.npos)
-        return kSyntaxError;
-    return kQueryFailed;
 }
 
 // Blanks, comments and semicolons count as nothing. What can't be read is more.
