@@ -53,8 +53,7 @@ bool PrintTest(const ConnectionWords& words) {
 bool Delete(int id) {
     if (ReadConnection(id))
         return fDeleteConnection(id);
-    platform::ShowExclamation("There is no Connection " + std::to_string(id) + ".");
-    return false;
+    return platform::Refuse("There is no Connection " + std::to_string(id) + ".");
 }
 
 bool LoadTable(TableLoad load) {

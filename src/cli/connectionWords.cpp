@@ -19,10 +19,8 @@ bool TakePassword(const ConnectionWords& words, ConnectionDetails& details) {
     const char* inEnvironment = std::getenv("VELLUMARK_PASSWORD");
     if (words.askPassword) {
         const std::optional<std::string> typed = AskPassword();
-        if (!typed) {
-            platform::ShowExclamation("No password was given.");
-            return false;
-        }
+        if (!typed)
+            return platform::Refuse("No password was given.");
         details.password = *typed;
     } else if (details.password.empty() && inEnvironment != nullptr) {
         details.password = inEnvironment;

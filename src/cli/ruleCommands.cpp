@@ -44,9 +44,7 @@ bool ReadChild(const std::string& child, DependencyDetails& details) {
     const std::optional<int> rule = platform::ParseLong(child.substr(0, point));
     if (rule && point != std::string::npos)
         return fReadDependency(*rule, child.substr(point + 1), details);
-    platform::ShowExclamation(
-        "The child is given as RULE.COLUMN, with the rule's Id, for example 2.AlbumId.");
-    return false;
+    return platform::Refuse("The child is given as RULE.COLUMN, with the rule's Id, for example 2.AlbumId.");
 }
 
 bool ChooseParent(const std::string& parent, DependencyDetails& details) {
@@ -54,8 +52,7 @@ bool ChooseParent(const std::string& parent, DependencyDetails& details) {
         return true;
     if (const std::optional<int> rule = platform::ParseLong(parent))
         return fChooseParentRule(details, *rule);
-    platform::ShowExclamation("The parent is the Id of a Table rule, or \"new\" to make one.");
-    return false;
+    return platform::Refuse("The parent is the Id of a Table rule, or \"new\" to make one.");
 }
 
 bool ClearAllDependencies(const DependWords& words) {
@@ -96,10 +93,8 @@ bool SetColumn(const ColumnWords& words) {
         return false;
     for (const std::string& setting : words.settings) {
         const std::size_t equals = setting.find('=');
-        if (equals == std::string::npos) {
-            platform::ShowExclamation("'" + setting + "' is not of the form FIELD=VALUE.");
-            return false;
-        }
+        if (equals == std::string::npos)
+            return platform::Refuse("'" + setting + "' is not of the form FIELD=VALUE.");
         if (!fSetColumnField(*details, setting.substr(0, equals), setting.substr(equals + 1)))
             return false;
     }
@@ -188,10 +183,8 @@ bool ShowRule(const std::string& schema, const std::string& scenario, int ruleId
         "r.[FK COL Id]"
         " where r.[FK DBS Id] = ? and r.[FK TSO Id] = ? and r.[FK TTR Id] = ? order by r.[Sort Order] asc",
         {CurrentDBSId, CurrentTSOId, ruleId});
-    if (columns.IsEOF()) {
-        platform::ShowExclamation("There is no Table rule " + std::to_string(ruleId) + " in this Scenario.");
-        return false;
-    }
+    if (columns.IsEOF())
+        return platform::Refuse("There is no Table rule " + std::to_string(ruleId) + " in this Scenario.");
     for (; !columns.IsEOF(); columns.MoveNext())
         std::cout << columns.Text("Column Name") << "\t" << columns.Text("Data Type") << "\t"
                   << OriginOf(ruleId, columns) << "\t" << SettingsOf(columns) << "\n";

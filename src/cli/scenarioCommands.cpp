@@ -89,9 +89,8 @@ bool fHasColumns(int tabId, const std::string& name) {
         "select count(*) from [Column] where [FK DBS Id] = ? and [FK TAB Id] = ?", {CurrentDBSId, tabId});
     if (dao::ToLong(columns) > 0)
         return true;
-    platform::ShowExclamation("The table '" + name +
-                              "' has no columns, so there is nothing to generate for it.");
-    return false;
+    return platform::Refuse("The table '" + name +
+                            "' has no columns, so there is nothing to generate for it.");
 }
 
 bool AddRule(const RuleWords& words) {
@@ -157,9 +156,8 @@ void AddRuleGroup(CLI::App& app, CommandLine& line) {
 bool OpenScenarioNamed(const std::string& name) {
     if (OpenScenario(name))
         return true;
-    platform::ShowExclamation("There is no Scenario '" + name + "' in the Database schema '" +
-                              CurrentDBSName + "'.");
-    return false;
+    return platform::Refuse("There is no Scenario '" + name + "' in the Database schema '" + CurrentDBSName +
+                            "'.");
 }
 
 bool OpenInsertScenario(const std::string& schema, const std::string& scenario) {
@@ -167,8 +165,7 @@ bool OpenInsertScenario(const std::string& schema, const std::string& scenario) 
         return false;
     if (CurrentTSOType == 'I')
         return true;
-    platform::ShowExclamation("'" + CurrentTSOName + "' is a Delete Scenario.");
-    return false;
+    return platform::Refuse("'" + CurrentTSOName + "' is a Delete Scenario.");
 }
 
 void AddScenarioCommands(CLI::App& app, CommandLine& line) {

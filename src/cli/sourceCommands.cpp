@@ -47,17 +47,12 @@ struct ImportWords {
     std::string file;
 };
 
-bool Refuse(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 // Looks the names up that the screen would have the user pick.
 bool TakeNames(const SourceWords& words, ValueSourceDetails& details) {
     if (!words.category.empty() && (details.categoryId = CategoryId(words.category)) == 0)
-        return Refuse("There is no Category '" + words.category + "'.");
+        return platform::Refuse("There is no Category '" + words.category + "'.");
     if (!words.conversion.empty() && (details.conversionId = ConversionCodeId(words.conversion)) == 0)
-        return Refuse("There is no Conversion Code '" + words.conversion + "'.");
+        return platform::Refuse("There is no Conversion Code '" + words.conversion + "'.");
     return true;
 }
 
@@ -96,7 +91,7 @@ bool Connect(const std::string& schema, const ConnectionWords& words) {
     if (!details || !fSaveConnection(kConnectTarget, *details))
         return false;
     if (!ConnectTarget())
-        return Refuse("Cannot connect to target database.");
+        return platform::Refuse("Cannot connect to target database.");
     return fTargetTakesData();
 }
 
@@ -117,7 +112,7 @@ std::optional<std::vector<std::string>> LinesOf(const std::string& path) {
     }
     if (file.eof())
         return lines;
-    Refuse("Cannot open the file: " + path);
+    platform::ShowExclamation("Cannot open the file: " + path);
     return std::nullopt;
 }
 
@@ -134,8 +129,8 @@ bool ImportConversion(const ImportWords& words) {
     for (const std::string& text : *lines) {
         const std::size_t tab = text.find('\t');
         if (tab == std::string::npos)
-            return Refuse("Line " + std::to_string(codes.size() + 1) +
-                          " holds no tab between code and value.");
+            return platform::Refuse("Line " + std::to_string(codes.size() + 1) +
+                                    " holds no tab between code and value.");
         codes.emplace_back(text.substr(0, tab), text.substr(tab + 1));
     }
     return fImportConversionCode(words.name, codes);

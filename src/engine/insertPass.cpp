@@ -52,8 +52,7 @@ bool InsertPass::OpenOutput() {
         sink_ = std::move(file);
         return true;
     } catch (const platform::Error& error) {
-        platform::ShowExclamation("Error occurred trying to create the Output Text File.\n\n" + error.Line());
-        return false;
+        return platform::Refuse("Error occurred trying to create the Output Text File.\n\n" + error.Line());
     }
 }
 

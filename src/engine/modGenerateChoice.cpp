@@ -81,9 +81,8 @@ bool fDatabaseRunOK(bool mayConnect) {
         return true;
     if (mayConnect && ConnectTarget())
         return true;
-    platform::ShowExclamation(mayConnect ? "Cannot connect to target database."
-                                         : "Please connect to the target database.");
-    return false;
+    return platform::Refuse(mayConnect ? "Cannot connect to target database."
+                                       : "Please connect to the target database.");
 }
 
 bool fRunScenario(const OutputChoice& choice, RunProgress& progress) {

@@ -124,11 +124,10 @@ bool GenerationRun::fRangesEnd() const {
         {CurrentDBSId, CurrentTSOId});
     if (rule.IsEOF())
         return true;
-    platform::ShowExclamation(
+    return platform::Refuse(
         "Cannot generate data for " +
         TableRuleLabel(rule.Text("Name"), rule.Long("Start Range"), rule.Long("End Range")) +
         "\n\nStart range must be less than or equal to end range");
-    return false;
 }
 
 }  // namespace

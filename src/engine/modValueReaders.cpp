@@ -60,9 +60,8 @@ class MissingSource : public ValueReader {
         : tableId_(column.tableId), columnName_(column.columnName) {}
 
     bool fGetAlternateValue(int, std::string&) override {
-        platform::ShowExclamation("Error: Cannot find [Value Source] for Table: " + std::to_string(tableId_) +
-                                  " Column: " + columnName_);
-        return false;
+        return platform::Refuse("Error: Cannot find [Value Source] for Table: " + std::to_string(tableId_) +
+                                " Column: " + columnName_);
     }
 
  private:

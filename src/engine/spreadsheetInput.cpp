@@ -37,9 +37,8 @@ class SheetInput : public ValueInput {
             return true;
         } catch (const platform::Error& error) {
             const bool missing = error.Number() == platform::kFileNotFound;
-            platform::ShowExclamation("Cannot open the Input Value Excel Spreadsheet: " + source_.path +
-                                      (missing ? std::string() : "\n\n" + error.Line()));
-            return false;
+            return platform::Refuse("Cannot open the Input Value Excel Spreadsheet: " + source_.path +
+                                    (missing ? std::string() : "\n\n" + error.Line()));
         }
     }
     bool fReadValue(int row, int column, std::string_view& value) override {

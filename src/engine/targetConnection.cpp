@@ -57,8 +57,7 @@ bool fTargetTakesData() {
             target.dao.CheckWritable();
         return true;
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Description());
-        return false;
+        return platform::Refuse(error.Description());
     }
 }
 

@@ -40,9 +40,8 @@ class TextFileInput : public ValueInput {
 
     bool Fail(const platform::Error& error) const {
         const bool missing = error.Number() == platform::kFileNotFound;
-        platform::ShowExclamation("Cannot open the Input Value text file: " + path_ +
-                                  (missing ? std::string() : "\n\n" + error.Line()));
-        return false;
+        return platform::Refuse("Cannot open the Input Value text file: " + path_ +
+                                (missing ? std::string() : "\n\n" + error.Line()));
     }
 
     std::string path_;

@@ -50,6 +50,11 @@ void ShowCritical(const std::string& text) {
     CurrentDialogs().Message(Icon::Critical, text);
 }
 
+bool Refuse(const std::string& reason) {
+    ShowExclamation(reason);
+    return false;
+}
+
 bool AskYesNo(const std::string& text) {
     return CurrentDialogs().AskYesNo(Icon::Question, text);
 }

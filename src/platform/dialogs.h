@@ -52,6 +52,8 @@ Dialogs& CurrentDialogs();
 void ShowInformation(const std::string& text);
 void ShowExclamation(const std::string& text);
 void ShowCritical(const std::string& text);
+// Tells why something isn't done; false, for the caller to return.
+bool Refuse(const std::string& reason);
 bool AskYesNo(const std::string& text);
 void ShowStatus(const std::string& text);
 // A failure that no step of an operation foresees: what was being done, an empty line and the error's line.

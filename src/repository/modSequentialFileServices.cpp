@@ -94,14 +94,10 @@ bool fFileExists(std::string_view path) {
 }
 
 bool fFileReplaceOK(std::string_view path) {
-    if (path.empty()) {
-        platform::ShowExclamation("Please enter name and path for the text file");
-        return false;
-    }
-    if (IsStore(path)) {
-        platform::ShowExclamation(std::string(path) + " is a store of Vellumark and cannot be replaced.");
-        return false;
-    }
+    if (path.empty())
+        return platform::Refuse("Please enter name and path for the text file");
+    if (IsStore(path))
+        return platform::Refuse(std::string(path) + " is a store of Vellumark and cannot be replaced.");
     return !fFileExists(path) ||
            platform::AskYesNo(std::string(path) + " already exists. Do you want to replace it?");
 }

@@ -60,11 +60,6 @@ double NumberIn(std::string_view text) {
     return text.starts_with('-') ? -infinity : infinity;
 }
 
-bool Reject(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 void Cut(std::string& value, int length, const TooLargeRule& rule, std::string_view defaultValue) {
     const auto count = static_cast<std::size_t>(std::max(length, 0));
     if (rule.code == "B")
@@ -80,7 +75,8 @@ bool ValidateText(std::string& value, int maximumLength, const TooLargeRule& too
     if (value.size() <= room || platform::CharacterCount(value) <= room)
         return true;
     if (showMessages)
-        return Reject("Maximimum valid length is " + std::to_string(maximumLength) + " characters.");
+        return platform::Refuse("Maximimum valid length is " + std::to_string(maximumLength) +
+                                " characters.");
     Cut(value, maximumLength, tooLarge, tooLarge.defaultText);
     return true;
 }
@@ -91,13 +87,13 @@ bool ValidateDigits(std::string& value, const ColumnWidths& widths, const TooLar
     const NumberDigits digits = GetNumberDigits(value);
     if (digits.integerDigits > widths.precision) {
         if (showMessages)
-            return Reject("Maximimum valid length of number before decimal place is " +
-                          std::to_string(widths.precision) + " digits.");
+            return platform::Refuse("Maximimum valid length of number before decimal place is " +
+                                    std::to_string(widths.precision) + " digits.");
         Cut(value, widths.precision, tooLarge, tooLarge.defaultNumber);
     }
     if (digits.decimalDigits > widths.scale && showMessages)
-        return Reject("Maximimum valid length of number after decimal place is " +
-                      std::to_string(widths.scale) + " digits.");
+        return platform::Refuse("Maximimum valid length of number after decimal place is " +
+                                std::to_string(widths.scale) + " digits.");
     return true;
 }
 
@@ -105,8 +101,8 @@ bool ValidateNumber(std::string& value, const ColumnWidths& widths, DataType typ
                     const TooLargeRule& tooLarge, bool showMessages) {
     if (!fValidNumber(value, type, DecimalPointCharacter)) {
         if (showMessages)
-            return Reject("Data type " + std::string(DataTypeName(type)) +
-                          " must be numeric with no digit grouping symbols.");
+            return platform::Refuse("Data type " + std::string(DataTypeName(type)) +
+                                    " must be numeric with no digit grouping symbols.");
         value = "0";
     }
     if ((widths.precision > 0 || widths.scale > 0) && !ValidateDigits(value, widths, tooLarge, showMessages))
@@ -144,8 +140,8 @@ bool fCheckNumberRange(std::string& value, DataType type, bool showMessages) {
     if (number >= bounds->low && number <= bounds->high)
         return true;
     if (showMessages)
-        return Reject("Please enter a number within the valid range:\n" + std::string(bounds->lowText) +
-                      " to " + std::string(bounds->highText));
+        return platform::Refuse("Please enter a number within the valid range:\n" +
+                                std::string(bounds->lowText) + " to " + std::string(bounds->highText));
     value = number < bounds->low ? bounds->lowText : bounds->highText;
     return true;
 }

@@ -72,11 +72,6 @@ bool IsOpen(OpenTo openTo, DataType type) {
     return true;
 }
 
-bool fRefuse(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 dao::Recordset RuleRow(int scenarioId, int tableRuleId, int ruleId) {
     return RepositoryDatabase.OpenRecordset(
         "select * from [TSO Insert Column Rule] where [FK DBS Id] = ? and [FK TSO Id] = ? and [FK TTR Id] = ?"
@@ -101,7 +96,7 @@ bool fMomentOK(DataType type, const std::string& value) {
 
 bool fBooleanOK(const std::string& value) {
     return EqualsIgnoringCase(value, "True") || EqualsIgnoringCase(value, "False") ||
-           fRefuse("The constant of a Boolean column is True, False or empty.");
+           platform::Refuse("The constant of a Boolean column is True, False or empty.");
 }
 
 bool fConstantOK(const ColumnRuleDetails& details) {
@@ -119,7 +114,7 @@ bool fConstantOK(const ColumnRuleDetails& details) {
 bool fPatternOK(const std::string& pattern) {
     for (std::size_t at = 0; at < pattern.size(); at += 4)
         if (EditPatternToText(pattern.substr(at, 4)).empty())
-            return fRefuse("'" + pattern.substr(at, 4) + "' is no token of an Edit pattern.");
+            return platform::Refuse("'" + pattern.substr(at, 4) + "' is no token of an Edit pattern.");
     return true;
 }
 
@@ -131,7 +126,7 @@ bool fSetUse(ColumnRuleDetails& details, ColumnUse use, const std::string& value
     if (is({"True", "Yes", "-1", "1"}))
         details.use = use;
     else if (!is({"False", "No", "0"}))
-        return fRefuse("'" + value + "' is neither True nor False.");
+        return platform::Refuse("'" + value + "' is neither True nor False.");
     else if (details.use == use)
         details.use = ColumnUse::Included;
     return true;
@@ -140,9 +135,9 @@ bool fSetUse(ColumnRuleDetails& details, ColumnUse use, const std::string& value
 // "V" and "N" are on offer to some columns only.
 bool fGenerateOK(const ColumnRuleDetails& details, const std::string& code) {
     if (code == "N" && !details.optional)
-        return fRefuse("Column '" + details.columnName + "' is mandatory and can't be null.");
+        return platform::Refuse("Column '" + details.columnName + "' is mandatory and can't be null.");
     if (code == "V" && details.dataType == DataType::Boolean)
-        return fRefuse("A Boolean column takes no alternate data source.");
+        return platform::Refuse("A Boolean column takes no alternate data source.");
     return true;
 }
 
@@ -157,7 +152,8 @@ bool fCodeOK(const ColumnRuleDetails& details, const CodeField& field, const std
     std::string offered;
     for (const char code : codes)
         offered += (offered.empty() ? "" : ", ") + std::string(1, code);
-    return fRefuse("'" + std::string(field.name) + "' takes one of " + offered + " for this column.");
+    return platform::Refuse("'" + std::string(field.name) + "' takes one of " + offered +
+                            " for this column.");
 }
 
 int Number(const std::string& text) {
@@ -241,8 +237,8 @@ std::optional<ColumnRuleDetails> ReadColumnRule(int tableRuleId, std::string_vie
         {CurrentDBSId, CurrentTSOId, tableRuleId, columnName});
     if (!dao::IsNull(ruleId))
         return ReadRule(CurrentTSOId, tableRuleId, dao::ToLong(ruleId));
-    fRefuse("Table rule " + std::to_string(tableRuleId) + " has no column '" + std::string(columnName) +
-            "'.");
+    platform::Refuse("Table rule " + std::to_string(tableRuleId) + " has no column '" +
+                     std::string(columnName) + "'.");
     return std::nullopt;
 }
 
@@ -286,17 +282,18 @@ std::string_view IncrementCodes(DataType type) {
 
 bool fSetColumnField(ColumnRuleDetails& details, std::string_view field, const std::string& value) {
     if (details.dataType == DataType::Blob)
-        return fRefuse("Column '" + details.columnName + "' is a Blob, whose rule can't be changed.");
+        return platform::Refuse("Column '" + details.columnName +
+                                "' is a Blob, whose rule can't be changed.");
     for (const UseField& use : kUseFields)
         if (EqualsIgnoringCase(use.name, field))
             return fSetUse(details, use.use, value);
     const auto found = std::ranges::find_if(
         kFields, [&](const CodeField& known) { return EqualsIgnoringCase(known.name, field); });
     if (found == kFields.end())
-        return fRefuse("A Column rule has no field '" + std::string(field) + "'.");
+        return platform::Refuse("A Column rule has no field '" + std::string(field) + "'.");
     if (!IsOpen(found->openTo, details.dataType))
-        return fRefuse("'" + std::string(found->name) + "' can't be set for a column of type " +
-                       std::string(DataTypeName(details.dataType)) + ".");
+        return platform::Refuse("'" + std::string(found->name) + "' can't be set for a column of type " +
+                                std::string(DataTypeName(details.dataType)) + ".");
     if (!fCodeOK(details, *found, value))
         return false;
     if (found->field == &ColumnRuleDetails::generate && !fGenerateOK(details, value))
@@ -344,9 +341,9 @@ void StoreColumnRule(const ColumnRuleDetails& details) {
 
 bool fUpdateColumnRule(const ColumnRuleDetails& details) {
     if (fColumnHasDependency(details.scenarioId, details.tableRuleId, details.tableId, details.columnId))
-        return fRefuse(kResolvedByParent);
+        return platform::Refuse(kResolvedByParent);
     if (details.startRange.empty() && Number(details.endRange) != 0)
-        return fRefuse("Please enter a start number greater than zero");
+        return platform::Refuse("Please enter a start number greater than zero");
     if (FaultyField(details) != ColumnRuleField::None)
         return false;
     StoreColumnRule(details);

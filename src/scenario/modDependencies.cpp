@@ -48,11 +48,6 @@ void TakeParentRule(DependencyDetails& details, const dao::Recordset& rule) {
     details.generateParent = rule.Boolean("Flag Use Generated Data");
 }
 
-bool fRefuse(const char* message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 void StoreRange(int ruleId, int start, int end, const bool* generate) {
     dao::Recordset rule = RuleRow(ruleId);
     const int quantity = fTTRQuantity(ruleId, start, end);
@@ -124,20 +119,16 @@ void DropUnusedParent(const DependencyDetails& details) {
 bool fReadDependency(int childRuleId, std::string_view columnName, DependencyDetails& details) {
     RepositoryScope repository;
     const dao::Recordset rule = RuleRow(childRuleId);
-    if (rule.IsEOF()) {
-        platform::ShowExclamation("There is no Table rule " + std::to_string(childRuleId) +
-                                  " in this Scenario.");
-        return false;
-    }
+    if (rule.IsEOF())
+        return platform::Refuse("There is no Table rule " + std::to_string(childRuleId) +
+                                " in this Scenario.");
     const dao::Recordset column = RepositoryDatabase.OpenRecordset(
         "select * from [Column] where [FK DBS Id] = ? and [FK TAB Id] = ? and [Name] = ? and [Role] = "
         "'Foreign Key'",
         {CurrentDBSId, rule.Long("FK TAB Id"), columnName});
-    if (column.IsEOF()) {
-        platform::ShowExclamation("The rule's table has no foreign-key column '" + std::string(columnName) +
-                                  "'.");
-        return false;
-    }
+    if (column.IsEOF())
+        return platform::Refuse("The rule's table has no foreign-key column '" + std::string(columnName) +
+                                "'.");
     details = {};
     details.childRuleId = childRuleId;
     details.childTableId = rule.Long("FK TAB Id");
@@ -158,17 +149,17 @@ bool fReadDependency(int childRuleId, std::string_view columnName, DependencyDet
 
 bool fValidateDependency(const DependencyDetails& details) {
     if (details.childEnd != 0 && details.childStart > details.childEnd)
-        return fRefuse("Child start range must be less than or equal to Child end range");
+        return platform::Refuse("Child start range must be less than or equal to Child end range");
     if (details.childStart <= 0)
-        return fRefuse("Please enter a Child start range greater than zero");
+        return platform::Refuse("Please enter a Child start range greater than zero");
     if (details.parentEnd != 0 && details.parentStart > details.parentEnd)
-        return fRefuse("Parent start range must be less than or equal to Parent end range");
+        return platform::Refuse("Parent start range must be less than or equal to Parent end range");
     if (details.parentStart <= 0 && details.generateParent)
-        return fRefuse("Please enter a Parent start range greater than zero");
+        return platform::Refuse("Please enter a Parent start range greater than zero");
     if (details.quantityPerParent < 1)
-        return fRefuse("Please enter a generation quantity greater than zero");
+        return platform::Refuse("Please enter a generation quantity greater than zero");
     if (details.increment < 1)
-        return fRefuse("Please enter an increment quantity greater than zero");
+        return platform::Refuse("Please enter an increment quantity greater than zero");
     return true;
 }
 
@@ -181,11 +172,9 @@ bool fApplyDependency(DependencyDetails& details) {
 bool fChooseParentRule(DependencyDetails& details, int ruleId) {
     RepositoryScope repository;
     const dao::Recordset rule = RuleRow(ruleId);
-    if (rule.IsEOF() || rule.Long("FK TAB Id") != details.parentTableId) {
-        platform::ShowExclamation("Table rule " + std::to_string(ruleId) +
-                                  " is no rule of the table that the foreign key refers to.");
-        return false;
-    }
+    if (rule.IsEOF() || rule.Long("FK TAB Id") != details.parentTableId)
+        return platform::Refuse("Table rule " + std::to_string(ruleId) +
+                                " is no rule of the table that the foreign key refers to.");
     TakeParentRule(details, rule);
     return true;
 }

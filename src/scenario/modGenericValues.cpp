@@ -12,11 +12,6 @@ namespace {
 
 constexpr std::size_t kLongestConversionText = 200;
 
-bool fRefuse(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 int IdOfName(const char* table, std::string_view name) {
     ValuesScope values;
     return dao::ToLong(
@@ -24,7 +19,7 @@ int IdOfName(const char* table, std::string_view name) {
 }
 
 bool fNumberOK(std::string_view value, DataType type, const char* message) {
-    return (!value.empty() && fValidNumber(value, type, DecimalPointCharacter)) || fRefuse(message);
+    return (!value.empty() && fValidNumber(value, type, DecimalPointCharacter)) || platform::Refuse(message);
 }
 
 // A number with digit grouping symbols is numeric, but no value.
@@ -32,16 +27,17 @@ bool fRealNumberOK(std::string_view value) {
     std::string ungrouped(value);
     std::erase(ungrouped, ',');
     if (ungrouped.empty() || !fValidNumber(ungrouped, DataType::Double, DecimalPointCharacter))
-        return fRefuse("Value must be numeric.");
+        return platform::Refuse("Value must be numeric.");
     return fNumberOK(value, DataType::Double, "Value must be a real number with no digit grouping symbols.");
 }
 
 bool fValuesOK(char dataType, const std::vector<std::string>& values) {
     if (values.empty())
-        return fRefuse("There are no values to import.");
+        return platform::Refuse("There are no values to import.");
     for (std::size_t i = 0; i < values.size(); ++i)
         if (!fVLEValidateError(values[i], dataType))
-            return fRefuse("Line " + std::to_string(i + 1) + " was not accepted; nothing was imported.");
+            return platform::Refuse("Line " + std::to_string(i + 1) +
+                                    " was not accepted; nothing was imported.");
     return true;
 }
 
@@ -101,7 +97,7 @@ bool fVLEValidateError(std::string_view value, char dataType) {
 bool fImportCategory(const std::string& name, char dataType, const std::vector<std::string>& values) {
     try {
         if (CategoryId(name) > 0)
-            return fRefuse("There is a Category '" + name + "' already.");
+            return platform::Refuse("There is a Category '" + name + "' already.");
         if (!fValuesOK(dataType, values))
             return false;
         InValuesDatabase([&] {
@@ -118,12 +114,13 @@ bool fImportConversionCode(const std::string& name,
                            const std::vector<std::pair<std::string, std::string>>& codes) {
     try {
         if (ConversionCodeId(name) > 0)
-            return fRefuse("There is a Conversion Code '" + name + "' already.");
+            return platform::Refuse("There is a Conversion Code '" + name + "' already.");
         if (codes.empty())
-            return fRefuse("There are no codes to import.");
+            return platform::Refuse("There are no codes to import.");
         for (const auto& [code, value] : codes)
             if (code.size() > kLongestConversionText || value.size() > kLongestConversionText)
-                return fRefuse("A code and its value may not be longer than 200 characters: '" + code + "'");
+                return platform::Refuse("A code and its value may not be longer than 200 characters: '" +
+                                        code + "'");
         InValuesDatabase([&] { AddConversionCode(ValuesDatabase, name, {codes.begin(), codes.end()}); });
         return true;
     } catch (const platform::Error& error) {

@@ -23,22 +23,17 @@ constexpr std::array kDataTypes = {
     DataTypeWord{'R', "Real"},      DataTypeWord{'T', "Time"}, DataTypeWord{'S', "Timestamp"},
 };
 
-bool fRefuse(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 char FirstOf(const std::string& text, char fallback) {
     return text.empty() ? fallback : text.front();
 }
 
 bool fNameOK(const char* table, const char* what, const std::string& name, int id) {
     if (name.empty())
-        return fRefuse("Please enter a name for the " + std::string(what));
+        return platform::Refuse("Please enter a name for the " + std::string(what));
     const ValuesScope values;
     const dao::Recordset others = ValuesDatabase.OpenRecordset(
         "select * from [" + std::string(table) + "] where [Name] = ? and [Id] <> ?", {name, id});
-    return others.IsEOF() || fRefuse("There is a " + std::string(what) + " '" + name + "' already.");
+    return others.IsEOF() || platform::Refuse("There is a " + std::string(what) + " '" + name + "' already.");
 }
 
 bool IsUsed(const char* field, int id) {
@@ -50,8 +45,8 @@ bool IsUsed(const char* field, int id) {
 
 bool fMayDelete(const char* what, const char* shown, const char* field, int id, const std::string& name) {
     if (IsUsed(field, id))
-        return fRefuse("Unable to delete the " + std::string(shown) + " " + name +
-                       "\nIt has been selected for use in data generation.");
+        return platform::Refuse("Unable to delete the " + std::string(shown) + " " + name +
+                                "\nIt has been selected for use in data generation.");
     return platform::AskYesNo("Do you want to delete the " + std::string(what) + " " + name + "?");
 }
 

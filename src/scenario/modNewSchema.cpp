@@ -25,18 +25,13 @@ namespace {
 
 constexpr std::size_t kLongestPromptedName = 50;
 
-bool fRefuse(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 bool fDetailsOK(const NewSchemaDetails& details) {
     if (details.name.empty())
-        return fRefuse("Please enter a unique name to save this database in Vellumark");
+        return platform::Refuse("Please enter a unique name to save this database in Vellumark");
     if (details.name.find_first_of("/\\") != std::string::npos)
-        return fRefuse("Database name may not hold a folder separator.");
+        return platform::Refuse("Database name may not hold a folder separator.");
     if (details.kind == NewSchemaKind::COOLGen && fDBMSCode(details.model.dbmsName).empty())
-        return fRefuse("Please select the DBMS of the COOL:Gen model");
+        return platform::Refuse("Please select the DBMS of the COOL:Gen model");
     return true;
 }
 
@@ -47,7 +42,7 @@ bool IsNameTaken(const std::string& name) {
 
 bool fNameIsNew(const std::string& name) {
     return !IsNameTaken(name) ||
-           fRefuse(
+           platform::Refuse(
                "Database name already exists in Vellumark.\n\nPlease enter a different Name and try again.");
 }
 

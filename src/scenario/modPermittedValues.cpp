@@ -200,8 +200,7 @@ bool fReadPermittedValues(std::string_view dbmsName) {
         ReadLines(*file);
         return true;
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Line());
-        return false;
+        return platform::Refuse(error.Line());
     }
 }
 

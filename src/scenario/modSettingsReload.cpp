@@ -38,10 +38,9 @@ bool fReloadSettings() {
             CheckUsable(RepositoryPath);
     } catch (const platform::Error& error) {
         before.Restore();
-        platform::ShowExclamation(
+        return platform::Refuse(
             "The Repository of the settings file cannot be used, so the settings stay as they were.\n\n" +
             error.Line());
-        return false;
     }
     if (otherRepository || DatabasesFolder != before.databases)
         CloseDatabaseSchema();

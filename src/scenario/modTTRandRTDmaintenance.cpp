@@ -247,14 +247,10 @@ std::optional<int> fRangeNumber(std::string_view text) {
 }
 
 bool fValidTableRange(int start, int end) {
-    if (end != 0 && start > end) {
-        platform::ShowExclamation("Start number must be less than or equal to end number");
-        return false;
-    }
-    if (start <= 0) {
-        platform::ShowExclamation("Please enter a start number greater than zero");
-        return false;
-    }
+    if (end != 0 && start > end)
+        return platform::Refuse("Start number must be less than or equal to end number");
+    if (start <= 0)
+        return platform::Refuse("Please enter a start number greater than zero");
     return true;
 }
 

@@ -150,19 +150,13 @@ std::string ScenarioFolder(std::string_view name) {
 }
 
 bool fScenarioNameOK(std::string_view name) {
-    if (platform::CharacterCount(name) > kLongestScenarioName) {
-        platform::ShowExclamation("Scenario name may not be greater than 50 characters.");
-        return false;
-    }
-    if (name.find_first_of("/\\") != std::string_view::npos) {
-        platform::ShowExclamation("Scenario name may not hold a folder separator.");
-        return false;
-    }
+    if (platform::CharacterCount(name) > kLongestScenarioName)
+        return platform::Refuse("Scenario name may not be greater than 50 characters.");
+    if (name.find_first_of("/\\") != std::string_view::npos)
+        return platform::Refuse("Scenario name may not hold a folder separator.");
     const std::string folder = ScenarioFolder(name);
-    if (fs::exists(folder)) {
-        platform::ShowExclamation("Scenario path '" + folder + "' already exists.");
-        return false;
-    }
+    if (fs::exists(folder))
+        return platform::Refuse("Scenario path '" + folder + "' already exists.");
     return true;
 }
 

@@ -30,8 +30,7 @@ bool ServesRule(const dao::Recordset& source) {
 }
 
 bool fRefuse(const std::string& reason) {
-    platform::ShowExclamation("Unable to delete this connection\n" + reason);
-    return false;
+    return platform::Refuse("Unable to delete this connection\n" + reason);
 }
 
 bool fIsUnused(int id) {

@@ -199,10 +199,8 @@ bool fSaveConnection(std::string_view kind, ConnectionDetails details) {
         const RepositoryScope repository;
         dao::Transaction transaction(RepositoryDatabase);
         dao::Recordset schema = SchemaRow();
-        if (schema.IsEOF()) {
-            platform::ShowExclamation("Database not found in Vellumark.");
-            return false;
-        }
+        if (schema.IsEOF())
+            return platform::Refuse("Database not found in Vellumark.");
         int valueId = ValueConnectionId;
         if (kind == kConnectTarget)
             StoreTarget(schema, details);

@@ -23,8 +23,7 @@ bool fWithConnection(const ConnectionDetails& form, const std::function<bool()>&
     try {
         return fDatabase_Connect_Main(protocol, false) && work();
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Line());
-        return false;
+        return platform::Refuse(error.Line());
     }
 }
 

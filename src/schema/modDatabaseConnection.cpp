@@ -121,8 +121,7 @@ bool fDatabase_Connect_Main(char& protocol, bool lookupOnly) {
             DBMSType = FoundConnection.dbmsType;
         return lookupOnly || OpenFoundConnection();
     } catch (const platform::Error&) {
-        platform::ShowExclamation("Unexpected error occurred in function fDatabase_Connect_Main.");
-        return false;
+        return platform::Refuse("Unexpected error occurred in function fDatabase_Connect_Main.");
     }
 }
 

@@ -27,8 +27,7 @@ bool fAddRows(const Tables& tables) {
         AddSchemaRows(RepositoryDatabase, CurrentDBSId, tables);
         return true;
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Line());
-        return false;
+        return platform::Refuse(error.Line());
     }
 }
 
@@ -47,10 +46,8 @@ bool ReadSource(Reader reader) {
     const RepositoryScope repository;
     ConnectMode = kConnectNew;
     char protocol = ' ';
-    if (!fDatabase_Connect_Main(protocol, false)) {
-        platform::ShowExclamation("Cannot connect to source database.");
-        return false;
-    }
+    if (!fDatabase_Connect_Main(protocol, false))
+        return platform::Refuse("Cannot connect to source database.");
     const bool done = Read(reader);
     CloseTargetConnection();
     return done;

@@ -139,16 +139,11 @@ std::optional<SisterFileHead> ReadHead(const SisterTool& tool, const std::string
     return std::nullopt;
 }
 
-bool fRefuse(const std::string& message) {
-    platform::ShowExclamation(message);
-    return false;
-}
-
 bool fStoreHead(const SisterFileHead& head, const std::string& databasePath) {
     dao::Recordset schema =
         RepositoryDatabase.OpenRecordset("select * from [Database] where [Id] = ?", {CurrentDBSId});
     if (schema.IsEOF())
-        return fRefuse("Cannot open the Database identifier " + std::to_string(CurrentDBSId));
+        return platform::Refuse("Cannot open the Database identifier " + std::to_string(CurrentDBSId));
     schema.Edit();
     schema.Set("COOLGen Model Name", head.modelName);
     if (!head.style.empty())
@@ -157,7 +152,7 @@ bool fStoreHead(const SisterFileHead& head, const std::string& databasePath) {
     dao::Recordset target = RepositoryDatabase.OpenRecordset(
         "select * from [Database Connection] where [Id] = ?", {schema.Long("FK CON Id Target")});
     if (target.IsEOF())
-        return fRefuse("Cannot open the Database Connnection Target");
+        return platform::Refuse("Cannot open the Database Connnection Target");
     target.Edit();
     target.Set("MDB File", databasePath);
     if (!head.table.empty())

@@ -39,8 +39,7 @@ bool fListTables(char protocol, std::string_view ownerFilter, std::string_view o
         else
             ListThroughDAO(ownerFilter, ownerPrefix, tablePrefix);
     } catch (const platform::Error& error) {
-        platform::ShowExclamation(error.Line());
-        return false;
+        return platform::Refuse(error.Line());
     }
     return true;
 }

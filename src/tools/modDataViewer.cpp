@@ -23,10 +23,8 @@ ViewerConnection::~ViewerConnection() {
 }
 
 bool ViewerConnection::fOpenTarget() {
-    if (TargetConnectionState == 'D' && !AutoConnect) {
-        platform::ShowExclamation("Please connect to the target database.");
-        return false;
-    }
+    if (TargetConnectionState == 'D' && !AutoConnect)
+        return platform::Refuse("Please connect to the target database.");
     if (TargetConnectionState == 'D' && !ConnectTarget())
         return false;
     ConnectMode = kConnectTarget;

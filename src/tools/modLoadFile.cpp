@@ -231,8 +231,7 @@ bool fDelimiterOK(const LoadFile& file) {
     // The DB2 statement names no delimiter.
     if (!file.delimiter.empty() || file.format == TargetFormat::Db2)
         return true;
-    platform::ShowExclamation("Please enter the delimiter that is used in the delimited text data file");
-    return false;
+    return platform::Refuse("Please enter the delimiter that is used in the delimited text data file");
 }
 
 }  // namespace

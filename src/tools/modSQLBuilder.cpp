@@ -166,8 +166,7 @@ bool fSaveSQLFile(const std::string& path, std::string_view text) {
         file.Close();
         return true;
     } catch (const platform::Error& error) {
-        platform::ShowExclamation("Cannot write the file: " + path + "\n" + error.Line());
-        return false;
+        return platform::Refuse("Cannot write the file: " + path + "\n" + error.Line());
     }
 }
 
@@ -180,10 +179,8 @@ SQLConnection::~SQLConnection() {
 }
 
 bool SQLConnection::Open() {
-    if (!wasOpen_ && !AutoConnect) {
-        platform::ShowExclamation("Please connect to the target database.");
-        return false;
-    }
+    if (!wasOpen_ && !AutoConnect)
+        return platform::Refuse("Please connect to the target database.");
     return fDatabase_Connect_Main(protocol_, wasOpen_);
 }
 

@@ -393,9 +393,8 @@ bool fSaveSchemaDescription(const std::string& description) {
         ShownSchemaDescription = description;
         return true;
     } catch (const platform::Error& error) {
-        platform::ShowExclamation("Unexpected error occurred closing Vellumark repository.\nError: " +
-                                  error.Description());
-        return false;
+        return platform::Refuse("Unexpected error occurred closing Vellumark repository.\nError: " +
+                                error.Description());
     }
 }
 

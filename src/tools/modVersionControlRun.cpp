@@ -73,15 +73,12 @@ void CarryWithLog(const VersionControl& run, platform::OutputFile& log) {
 }  // namespace
 
 bool fTargetOK(int TargetDBSId) {
-    if (TargetDBSId == CurrentDBSId) {
-        platform::ShowExclamation("Please select a different target database schema to the open one.");
-        return false;
-    }
+    if (TargetDBSId == CurrentDBSId)
+        return platform::Refuse("Please select a different target database schema to the open one.");
     const RepositoryScope repository;
     if (!RepositoryDatabase.OpenRecordset("select * from [Database] where [Id] = ?", {TargetDBSId}).IsEOF())
         return true;
-    platform::ShowExclamation("Cannot open the Database identifier " + std::to_string(TargetDBSId));
-    return false;
+    return platform::Refuse("Cannot open the Database identifier " + std::to_string(TargetDBSId));
 }
 
 bool fApplyVersionControl(const VersionControl& run) {

@@ -256,17 +256,15 @@ bool frmValueSource::OpenExcel() {
         for (const std::string& sheet : workbook->SheetNames())
             ui_->txtExcel->addItem(ToQt(sheet));
     } catch (const platform::Error& error) {
-        platform::ShowExclamation("Cannot open the Input Value Excel Spreadsheet: " + path + "\n\n" +
-                                  error.Description());
-        return false;
+        return platform::Refuse("Cannot open the Input Value Excel Spreadsheet: " + path + "\n\n" +
+                                error.Description());
     }
     if (named.isEmpty())
         return true;
     ui_->txtExcel->setCurrentText(named);
     if (ui_->txtExcel->findText(named, Qt::MatchFixedString) >= 0)
         return true;
-    platform::ShowExclamation("There is no worksheet '" + FromQt(named) + "' in the spreadsheet.");
-    return false;
+    return platform::Refuse("There is no worksheet '" + FromQt(named) + "' in the spreadsheet.");
 }
 
 // The connection's row is written by its own screen; the source takes it with OK.
