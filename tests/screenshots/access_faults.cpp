@@ -4,13 +4,19 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
+#include <QGraphicsSimpleTextItem>
+#include <QGraphicsView>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextEdit>
+#include <QTextLayout>
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -77,6 +83,46 @@ double Contrast(const QColor& a, const QColor& b) {
     return (high + 0.05) / (low + 0.05);
 }
 
+// Text whose colours a document brings itself: SQL as it is highlighted, pages of the guide.
+bool IsFaint(const QTextCharFormat& format, const QColor& ground) {
+    return format.hasProperty(QTextFormat::ForegroundBrush) &&
+           Contrast(format.foreground().color(),
+                    format.hasProperty(QTextFormat::BackgroundBrush) ? format.background().color() : ground) <
+               kLeastContrast;
+}
+
+bool HasFaintText(const QTextDocument& document, const QColor& ground) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (const QTextLayout::FormatRange& range : block.layout()->formats())
+            if (IsFaint(range.format, ground))
+                return true;
+        for (auto at = block.begin(); !at.atEnd(); ++at)
+            if (IsFaint(at.fragment().charFormat(), ground))
+                return true;
+    }
+    return false;
+}
+
+// Labels stand on the shape that they belong to.
+bool HasFaintLabel(const QGraphicsScene& scene) {
+    return std::ranges::any_of(scene.items(), [](const QGraphicsItem* item) {
+        const auto* label = dynamic_cast<const QGraphicsSimpleTextItem*>(item);
+        const auto* shape =
+            dynamic_cast<const QAbstractGraphicsShapeItem*>(label == nullptr ? nullptr : label->parentItem());
+        return shape != nullptr && Contrast(label->brush().color(), shape->brush().color()) < kLeastContrast;
+    });
+}
+
+bool PaintsFaintText(const QWidget& control) {
+    const QColor ground = control.palette().color(QPalette::Active, QPalette::Base);
+    if (const auto* plain = qobject_cast<const QPlainTextEdit*>(&control))
+        return HasFaintText(*plain->document(), ground);
+    if (const auto* rich = qobject_cast<const QTextEdit*>(&control))
+        return HasFaintText(*rich->document(), ground);
+    const auto* view = qobject_cast<const QGraphicsView*>(&control);
+    return view != nullptr && view->scene() != nullptr && HasFaintLabel(*view->scene());
+}
+
 bool IsFaint(const QWidget& control) {
     const QPalette& palette = control.palette();
     return Contrast(palette.color(QPalette::Active, control.foregroundRole()),
@@ -120,7 +166,7 @@ std::vector<std::string> AccessFaults(const QWidget& screen) {
             faults.push_back(Described(*widget) + " has no name");
         if (!IsReached(*widget))
             faults.push_back(Described(*widget) + " is not reached by the Tab key");
-        if (IsFaint(*widget))
+        if (IsFaint(*widget) || PaintsFaintText(*widget))
             faults.push_back(Described(*widget) + " has faint text");
     }
     AddSharedMnemonics(widgets, faults);

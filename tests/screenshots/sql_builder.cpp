@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -31,6 +32,7 @@ void ShootSQLBuilder(const Album& album) {
                        "where CustomerId > 100 and LastName <> 'Miller' /* but her */\n"
                        "order by LastName");
     form.show();
+    form.findChild<QLineEdit*>("txtDatabase")->setText("Jet (ADO): /home/tester/shop.mdb");
     auto& box = *form.findChild<QPlainTextEdit*>("rtfSQL");
     const QString text = box.toPlainText();
     box.setPlainText(
