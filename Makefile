@@ -1,5 +1,5 @@
-# One word for each thing that people do with the tree. Settings: BUILD (folder), PREFIX (make install), SECONDS (make
-# fuzz), COUNT, SEED, KINDS and DETAILS (make faults, docs/reliability.md).
+# One word for each thing that people do with the tree. Settings: BUILD (folder), PREFIX (make install), SECONDS and SEED
+# (make fuzz), COUNT, SEED, KINDS and DETAILS (make faults, docs/reliability.md).
 
 BUILD  ?= build
 PREFIX ?= /usr/local
@@ -76,7 +76,7 @@ fuzz:            ## Try each reader of foreign input with damaged input for SECO
 	@scripts/setup fuzz
 	cmake --preset fuzz
 	cmake --build --preset fuzz
-	@scripts/fuzz build-fuzz $(SECONDS)
+	@scripts/fuzz $(if $(SEED),-s $(SEED)) build-fuzz $(SECONDS)
 
 install: build   ## Install both programs and their manuals below PREFIX (default /usr/local)
 	cmake --install $(BUILD) --prefix $(PREFIX)
