@@ -61,7 +61,7 @@ format:          ## Format all sources in place
 sanitize: setup  ## Build and test with the address and undefined-behaviour sanitizers
 	cmake --preset sanitize
 	cmake --build --preset sanitize
-	ctest --preset sanitize
+	ctest --preset sanitize -j2
 
 coverage: setup  ## Count the lines below the screens that the tests run; fails under 85 %
 	@scripts/setup coverage
