@@ -92,10 +92,13 @@ void DataLink::RemovePart(int id) {
     changed_ = std::erase_if(parts_, [&](const Part& part) { return part.id == id; }) > 0 || changed_;
 }
 
+// The first that has a value, for one without is not written and would let the next one count.
 const DataLink::Part* DataLink::Find(Names names) const {
-    const auto found =
-        std::ranges::find_if(parts_, [&](const Part& part) { return IsOneOf(part.name, names); });
-    return found == parts_.end() ? nullptr : &*found;
+    const Part* first = nullptr;
+    for (const Part& part : parts_)
+        if (IsOneOf(part.name, names) && (first == nullptr || (first->value.empty() && !part.value.empty())))
+            first = &part;
+    return first;
 }
 
 void DataLink::Set(Names names, std::string_view value, std::string_view written) {

@@ -49,6 +49,10 @@ TEST(DataLink, AnEmptyStringOffersTheUsualParts) {
     named.SetPassword("new");
     EXPECT_EQ(named.ConnectionString(), "Password=new;Server=s");
 
+    DataLink empty("Password=;Server=s;PWD=second");
+    EXPECT_EQ(empty.Password(), "second");
+    empty.SetPassword("third");
+    EXPECT_EQ(empty.ConnectionString(), "Server=s;PWD=third");
     DataLink twice("Password=first;Server=s;PWD=second");
     twice.SetPassword("");
     EXPECT_EQ(twice.ConnectionString(), "Server=s");
