@@ -1,6 +1,8 @@
 #include "platform/connection_string.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "input.h"
 #include "platform/error.h"
@@ -49,8 +51,8 @@ void CheckWrittenValue(std::string_view value) {
     ExpectSame(parts.Value("b"), "c", "the value behind it");
 }
 
-// A password that stands once in the string stands nowhere in the text for people. One with an asterisk may be
-// found there by chance, made of the asterisks put over others.
+// A password that stands once in the string stands nowhere in the text for people. One with an asterisk may
+// be found there by chance, made of the asterisks put over others.
 void CheckMask(std::string_view text) {
     const platform::ConnectionString parts(text);
     for (const platform::ConnectionString::Part& part : parts.Parts()) {
@@ -64,6 +66,12 @@ void CheckMask(std::string_view text) {
     }
 }
 
+auto CountOf(const platform::ConnectionString& text, std::string_view key) {
+    return std::ranges::count_if(text.Parts(), [&](const platform::ConnectionString::Part& part) {
+        return platform::EqualsIgnoringCase(part.key, key);
+    });
+}
+
 void CheckDriverString(std::string_view text) {
     static const odbc::Installed installed = {{"PostgreSQL Unicode", "MariaDB Unicode", "SQLite3", "FreeTDS",
                                                "ODBC Driver 18 for SQL Server", "Oracle"},
@@ -72,8 +80,8 @@ void CheckDriverString(std::string_view text) {
         const platform::ConnectionString out(odbc::DriverManagerString(text, installed));
         const platform::ConnectionString in(text);
         Expect(odbc::NamesSource(out), "a driver or a data source");
-        for (const char* key : {"UID", "PWD"})
-            if (!in.Value(key).empty() && in.Value("Password").empty() && in.Value("User Id").empty())
+        for (const auto& [key, otherKey] : {std::pair("UID", "User Id"), std::pair("PWD", "Password")})
+            if (CountOf(in, key) == 1 && CountOf(in, otherKey) == 0 && !in.Value(key).empty())
                 ExpectSame(out.Value(key), in.Value(key), "what to log in with");
     } catch (const platform::Error& error) {
         Expect(error.Number() == platform::kProviderNotFound, error.Line());
