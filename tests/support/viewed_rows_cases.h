@@ -191,7 +191,7 @@ TEST_P(ViewedRowsTest, RowsOfAStatementAreEditedWhereTheyAreThoseOfOneTable) {
     EXPECT_EQ(data->Title(), "SQL Results");
     EXPECT_EQ(Shown(), "2|ink");
     EXPECT_EQ(data->Update(0, {Cell(1, "tar")}), RowChange::Done) << recorder.Take();
-    EXPECT_TRUE(data->fRunSQL("SELECT * FROM heap", goOn)) << recorder.Take();
+    EXPECT_TRUE(data->fRunSQL("SELECT * FROM heap ;", goOn)) << recorder.Take();
     EXPECT_TRUE(data->IsTable());
     EXPECT_EQ(data->Update(0, {Cell(0, "6")}), RowChange::Done) << recorder.Take();
     for (const std::string text :
