@@ -46,16 +46,7 @@ TableDef OdbcLink::TableDefinition(std::string_view name) const {
 }
 
 TableDef OdbcLink::Definition(const odbc::CatalogTable& table) const {
-    TableDef definition{FullName(table), {}, {}};
-    for (odbc::CatalogColumn& column : catalog_->Columns(table)) {
-        Field field;
-        field.type = ReadOdbcType(column);
-        field.name = std::move(column.name);
-        field.required = !column.nullable;
-        field.ordinalPosition = static_cast<int>(definition.fields.size());
-        definition.fields.push_back(std::move(field));
-    }
-    return definition;
+    return {FullName(table), ReadOdbcFields(catalog_->Columns(table)), {}};
 }
 
 }  // namespace vellumark::dao

@@ -107,4 +107,17 @@ ColumnType ReadOdbcType(const odbc::CatalogColumn& column) {
     return type;
 }
 
+std::vector<Field> ReadOdbcFields(std::vector<odbc::CatalogColumn> columns) {
+    std::vector<Field> fields;
+    for (odbc::CatalogColumn& column : columns) {
+        Field field;
+        field.type = ReadOdbcType(column);
+        field.name = std::move(column.name);
+        field.required = !column.nullable;
+        field.ordinalPosition = static_cast<int>(fields.size());
+        fields.push_back(std::move(field));
+    }
+    return fields;
+}
+
 }  // namespace vellumark::dao

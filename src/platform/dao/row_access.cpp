@@ -50,15 +50,7 @@ odbc::CatalogTable OdbcRowAccess::Find(std::string_view owner, std::string_view 
 
 TableDef OdbcRowAccess::Definition(std::string_view owner, std::string_view table) const {
     const odbc::CatalogTable entry = Find(owner, table);
-    TableDef definition{entry.name, {}, {}};
-    for (odbc::CatalogColumn& column : catalog_.Columns(entry)) {
-        Field field;
-        field.type = ReadOdbcType(column);
-        field.name = std::move(column.name);
-        field.required = !column.nullable;
-        field.ordinalPosition = static_cast<int>(definition.fields.size());
-        definition.fields.push_back(std::move(field));
-    }
+    TableDef definition{entry.name, ReadOdbcFields(catalog_.Columns(entry)), {}};
     for (odbc::CatalogIndex& index : catalog_.Indexes(entry))
         definition.indexes.push_back(
             {std::move(index.name), index.primary, index.unique, std::move(index.columns)});
