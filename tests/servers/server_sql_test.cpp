@@ -9,16 +9,7 @@
 namespace vellumark::test {
 namespace {
 
-struct Route {
-    Engine engine;
-    char protocol;
-};
-
-void PrintTo(const Route& route, std::ostream* out) {
-    *out << EngineName(route.engine) << " " << route.protocol;
-}
-
-class ServerSQLTest : public ::testing::TestWithParam<Route> {
+class ServerSQLTest : public ::testing::TestWithParam<ServerRoute> {
  protected:
     void SetUp() override {
         database.Run("create table t (a integer primary key, b varchar(20));");
@@ -93,12 +84,11 @@ TEST_P(ServerSQLTest, EndsAStatementThatTakesLong) {
     EXPECT_EQ(Run("select 1 as one"), "one\n1\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Routes, ServerSQLTest,
-                         ::testing::Values(Route{Engine::PostgreSQL, 'A'}, Route{Engine::PostgreSQL, 'D'},
-                                           Route{Engine::MariaDB, 'A'}, Route{Engine::MariaDB, 'D'}),
-                         [](const auto& test) {
-                             return EngineName(test.param.engine) + test.param.protocol;
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    Routes, ServerSQLTest,
+    ::testing::Values(ServerRoute{Engine::PostgreSQL, 'A'}, ServerRoute{Engine::PostgreSQL, 'D'},
+                      ServerRoute{Engine::MariaDB, 'A'}, ServerRoute{Engine::MariaDB, 'D'}),
+    [](const auto& test) { return EngineName(test.param.engine) + test.param.protocol; });
 
 }  // namespace
 }  // namespace vellumark::test

@@ -15,17 +15,8 @@
 namespace vellumark::test {
 namespace {
 
-struct Route {
-    Engine engine;
-    char protocol;
-};
-
-void PrintTo(const Route& route, std::ostream* out) {
-    *out << EngineName(route.engine) << " " << route.protocol;
-}
-
 // A Target Connection under either protocol. Sessions are those of a run.
-class ServerStatementsTest : public InsertScenarioTest, public ::testing::WithParamInterface<Route> {
+class ServerStatementsTest : public InsertScenarioTest, public ::testing::WithParamInterface<ServerRoute> {
  protected:
     void SetUp() override {
         InsertScenarioTest::SetUp();
@@ -249,13 +240,14 @@ TEST_P(RealServerStatementsTest, ALostConnectionIsAnErrorAndCanBeOpenedAgain) {
     EXPECT_EQ(Result("select a from t"), "1");
 }
 
-std::string NameOf(const ::testing::TestParamInfo<Route>& each) {
+std::string NameOf(const ::testing::TestParamInfo<ServerRoute>& each) {
     return EngineName(each.param.engine) + (each.param.protocol == 'A' ? "ADO" : "DAO");
 }
 
-const auto kServers = ::testing::Values(Route{Engine::PostgreSQL, 'A'}, Route{Engine::PostgreSQL, 'D'},
-                                        Route{Engine::MariaDB, 'A'}, Route{Engine::MariaDB, 'D'});
-const auto kFile = ::testing::Values(Route{Engine::SQLite, 'A'}, Route{Engine::SQLite, 'D'});
+const auto kServers =
+    ::testing::Values(ServerRoute{Engine::PostgreSQL, 'A'}, ServerRoute{Engine::PostgreSQL, 'D'},
+                      ServerRoute{Engine::MariaDB, 'A'}, ServerRoute{Engine::MariaDB, 'D'});
+const auto kFile = ::testing::Values(ServerRoute{Engine::SQLite, 'A'}, ServerRoute{Engine::SQLite, 'D'});
 
 INSTANTIATE_TEST_SUITE_P(Servers, ServerStatementsTest, kServers, NameOf);
 INSTANTIATE_TEST_SUITE_P(File, ServerStatementsTest, kFile, NameOf);

@@ -48,6 +48,10 @@ void PrintTo(Engine engine, std::ostream* out) {
     *out << EngineName(engine);
 }
 
+void PrintTo(const ServerRoute& route, std::ostream* out) {
+    *out << EngineName(route.engine) << " " << route.protocol;
+}
+
 ServerDatabase::ServerDatabase(Engine engine)
     : engine_(engine), name_("vellumark_" + std::to_string(getpid())) {
     if (engine == Engine::SQLite) {

@@ -16,6 +16,13 @@ enum class Engine { PostgreSQL, MariaDB, SQLite };
 std::string EngineName(Engine engine);
 void PrintTo(Engine engine, std::ostream* out);
 
+// An engine and the protocol that reaches it, 'A' or 'D'.
+struct ServerRoute {
+    Engine engine;
+    char protocol;
+};
+void PrintTo(const ServerRoute& route, std::ostream* out);
+
 // A fresh database of one engine, reached through its ODBC driver; it goes with the object. The servers are
 // those that the test run has started.
 class ServerDatabase {
